@@ -1,0 +1,57 @@
+// Gas table and current composition: every component of the gas data with
+// its NASA 7-coefficient polynomials, molar mass, temperature range and
+// Lennard-Jones data; the components of the last stored mixture with their
+// table rows; and the loaders that fill the table once.
+#pragma once
+#include <span>
+#include <string_view>
+
+#include "fluiddata/od_types.hpp"
+
+namespace od::fluiddata {
+
+// --- lookups by name ------------------------------------------------------
+// True when the name is a row of the gas table (loads the table first if needed).
+bool iscomp(const CompName& name);
+// First table row (1-based) whose name matches; missing_row if none.
+int getidx(const CompName& name);
+// Stores a mixture's names (cut to 8 characters) and their table rows.
+void storeidx(std::span<const CompName> names);
+// Table row of a stored component or of "H2O" / "H2O(L)"; missing_row if none.
+int getstoredidx(const CompName& name);
+
+// --- values of a stored component (or "H2O" / "H2O(L)") -----------------
+// The seven coefficients a1..a7 valid at T (K): range 1 above 1000 K, else range 2,
+// the other range when the chosen one has a1 == 0.0.
+void getcoef(const CompName& name, double t, std::span<double, 7> a);
+double gettmin(const CompName& name);   // lower temperature limit, K
+double gettmax(const CompName& name);   // upper temperature limit, K
+double getmmol(const CompName& name);   // molar mass, kg/mol
+double geteps(const CompName& name);    // Lennard-Jones energy parameter eps/k, K
+double getsigma(const CompName& name);  // Lennard-Jones collision diameter, Angstrom
+char getphase(const CompName& name);    // 'S' solid, 'L' liquid, 'G' gas
+
+// --- the table as a whole -------------------------------------------------
+// Number of table rows; names receives all 250 name slots in table order.
+int getcompset(std::span<CompName, max_components> names);
+void setdbread();   // marks the table as loaded
+bool dbread();      // the table has been loaded (or loading was attempted)
+
+// --- stored composition (read by the property requests' cache test) -------
+int stored_count();                    // ncmp
+const CompName& stored_name(int i);    // cmp(i), i = 1..ncmp
+double stored_conc(int i);             // cnc(i): never written, always 0.0
+
+// --- loading --------------------------------------------------------------
+// Loads the table once from the configured source, then marks it loaded.
+void readgas();
+// Fills the table from the gas data file at path.
+void readgasfile(std::string_view path);
+// Fills the table from the fluid database record `name` in `directory`.
+void readgasdb(std::string_view directory, std::string_view name);
+
+// Test hook: returns the table and the stored composition to their load-time
+// (all zero, not loaded) state.
+void reset_for_tests();
+
+}  // namespace od::fluiddata

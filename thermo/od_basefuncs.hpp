@@ -1,0 +1,20 @@
+// Pure-component functions of the NASA 7-coefficient polynomials (divided by
+// the gas constant), molar volumes, and the missing-value tests.
+#pragma once
+#include "fluiddata/od_types.hpp"
+
+namespace od::basefuncs {
+
+inline constexpr double r_gas = 8.3143;       // J/(mol K); the model is consistent with this value
+inline constexpr double p_ref = 101325.0;     // Pa, reference pressure of entropies
+
+double cp_0(const CompName& name, double t);             // cp/R
+double h_0(const CompName& name, double t);              // H/R, K
+double s_0(const CompName& name, double p, double t);    // S/R (pressure term for gases only)
+double dcv_dt_0(const CompName& name, double t);         // d(cp/R)/dT, 1/K
+double v_0(double p, double t);                          // ideal-gas molar volume, m3/mol
+double v_sl(const CompName& name);                       // condensed molar volume, m3/mol
+bool isinit(double x);                                   // x is the missing-value marker
+bool isnotinit(double x);                                // x is not the marker (true for NaN)
+
+}  // namespace od::basefuncs

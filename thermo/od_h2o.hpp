@@ -1,0 +1,21 @@
+// Condensing water "H2O(IF)": per-mole contributions in the conventions of the
+// component functions, with IAPWS-IF97 values brought onto the gas-table reference.
+#pragma once
+#include <string_view>
+
+namespace od::h2o {
+
+// Gateway to the IF97 adapter in SI units: spec letters as the adapter's,
+// value1/value2 in Pa or K (converted to bar / degrees Celsius), result in
+// Pa, K, J/kg, J/(kg K) or m3/kg; -8888.8 where no value exists.
+double h2o(char code1, double value1, char code2, double value2, std::string_view property);
+
+double h_h2o(double xw, double p, double t);    // h/R, K
+double s_h2o(double xw, double p, double t);    // s/R
+double cp_h2o(double xw, double p, double t);   // cp/R
+double v_h2o(double xw, double p, double t);    // molar volume, m3/mol
+
+// Test hook: forgets the saved values and the first-call reference corrections.
+void reset_for_tests();
+
+}  // namespace od::h2o

@@ -1,0 +1,12 @@
+// Viscosity and thermal conductivity from kinetic theory with Lennard-Jones data.
+#pragma once
+#include "fluiddata/od_types.hpp"
+
+namespace od::transport {
+
+double viscosity(double t, const CompName& name);                 // Pa s, one component
+double thermcond(double p, double t, const CompName& name);       // W/(m K), one component
+double eta_t(double t, const Mixture& mix);                       // Pa s, mixture
+double lambda_pt(double p, double t, const Mixture& mix);         // W/(m K), mixture
+
+}  // namespace od::transport
