@@ -5,5 +5,5 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/tools/install-deps.sh"
 jobs=$(nproc 2>/dev/null || echo 2)
 cmake -S "$root" -B "$root/build" >/dev/null
-cmake --build "$root/build" -j "$jobs" --target main_example
-"$root/build/examples/main_example"
+cmake --build "$root/build" -j "$jobs" --target gas_table
+"$root/build/examples/gas_table"
