@@ -1,0 +1,214 @@
+// Pressure and temperature from an input pair, and the composed inverse
+// property functions that the pair solutions match.
+#include "solver/od_solver.hpp"
+
+#include "fluiddata/od_fluiddata.hpp"
+#include "solver/od_units.hpp"
+#include "thermo/od_basefuncs.hpp"
+#include "thermo/od_mixinfo.hpp"
+#include "thermo/od_thermodyn.hpp"
+
+namespace od::solver {
+namespace {
+
+using basefuncs::r_gas;
+using units::bar_to_pa;
+using units::celsius_offset;
+using units::kj_to_j;
+using units::j_to_kj;
+using units::pa_to_bar;
+
+constexpr double p_lower = 1.0;        // Pa, lower end of every pressure bracket
+constexpr double p_upper = 1.0e8;      // Pa, upper end unless the first letter is "v" or "d"
+constexpr double p_volume_coef = 41571.5;  // R * 5000 K: the upper end is this / (v M)
+constexpr double t_lower = 1.0;        // K, lower end of every temperature bracket
+constexpr double vu_retry_width = 100000.0;  // Pa: "vu" retries while the bracket is wider
+constexpr double vu_retry_lower_factor = 10.0;
+constexpr double vu_retry_upper_factor = 0.95;
+// A bracket with positive ends closes (or overflows to NaN) within some 330
+// rounds; one with a negative end would widen for ever.
+constexpr int vu_retry_limit = 400;
+
+const CompName water_name = CompName::from("H2O(IF)");
+
+// The two letters as one number, for a switch over the known pairs.
+constexpr int pair(char first, char second) {
+    return (static_cast<unsigned char>(first) << 8) | static_cast<unsigned char>(second);
+}
+
+// Pressure for "vu"/"du": u_pv(p, v) = u over p; with water present the
+// bracket is narrowed and the solution repeated while it fails.
+double p_from_vu(double v, double u, double lo, double hi, bool retry, const Mixture& mix, int& ierr) {
+    double p = brent(u_pv, 1, v, u, lo, hi, solve_tol, mix, ierr);
+    if (!retry) return p;
+    // Intended: the loop reads the caller's ierr, which is not cleared before the
+    // first solution, so an earlier failure makes the retry run anyway.
+    for (int round = 0; round < vu_retry_limit && ierr != 0 && hi - lo > vu_retry_width; ++round) {
+        lo *= vu_retry_lower_factor;
+        hi *= vu_retry_upper_factor;
+        ierr = 0;
+        p = brent(u_pv, 1, v, u, lo, hi, solve_tol, mix, ierr);
+    }
+    return p;
+}
+
+}  // namespace
+
+bool select_mixture(const Mixture& mix) {
+    if (!fluiddata::dbread()) fluiddata::readgas();
+    for (const CompName& name : mix.names)
+        if (!fluiddata::iscomp(name)) return false;
+    bool stored = fluiddata::stored_count() == mix.n();
+    for (int i = 0; stored && i < mix.n(); ++i)
+        stored = mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1);
+    if (!stored) fluiddata::storeidx(mix.names);
+    return true;
+}
+
+std::array<char, 2> spec_letters(std::string_view inputspec) {
+    std::array<char, 2> s{' ', ' '};
+    for (std::size_t i = 0; i < s.size() && i < inputspec.size(); ++i) s[i] = inputspec[i];
+    return s;
+}
+
+bool has_water(const Mixture& mix) {
+    bool found = false;
+    for (const CompName& name : mix.names) found = found || name == water_name;
+    return found;
+}
+
+double get_p(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
+    const auto [first, second] = spec_letters(inputspec);
+    if (first == 'P') return input1 * bar_to_pa;
+    if (second == 'P') return input2 * bar_to_pa;
+
+    double lo = p_lower;
+    double hi = p_upper;
+    if (first == 'v') hi = p_volume_coef / (input1 * mixinfo::mmol(mix));
+    else if (first == 'd') hi = p_volume_coef * input1 / mixinfo::mmol(mix);
+
+    const double t = input1 + celsius_offset;  // the "T" rows
+    switch (pair(first, second)) {
+    case pair('T', 'v'):
+    case pair('T', 'd'): {
+        const double v = second == 'v' ? input2 : 1.0 / input2;
+        if (has_water(mix)) return brent(thermodyn::v_pt, 1, t, v, lo, hi, solve_tol, mix, ierr);
+        return r_gas * t / (v * mixinfo::mmol(mix));
+    }
+    case pair('T', 'h'):
+        if (has_water(mix)) return brent(thermodyn::h_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        ierr = err_p_undetermined;
+        return 0.0;
+    case pair('T', 's'):
+        return brent(thermodyn::s_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('T', 'u'):
+        if (has_water(mix)) return brent(thermodyn::u_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        ierr = err_p_undetermined;
+        return 0.0;
+    case pair('v', 'h'):
+    case pair('d', 'h'): {
+        const double v = first == 'v' ? input1 : 1.0 / input1;
+        return brent(h_pv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    }
+    case pair('v', 's'):
+    case pair('d', 's'): {
+        // Intended: the pressure matches the volume at the held entropy, while
+        // get_t matches the entropy at the held volume.
+        const double v = first == 'v' ? input1 : 1.0 / input1;
+        return brent(v_ps, 1, input2 * kj_to_j, v, lo, hi, solve_tol, mix, ierr);
+    }
+    case pair('v', 'u'):
+        return p_from_vu(input1, input2 * kj_to_j, lo, hi, has_water(mix), mix, ierr);
+    case pair('d', 'u'):
+        // Intended: only "vu" retries; "du" solves once.
+        return p_from_vu(1.0 / input1, input2 * kj_to_j, lo, hi, false, mix, ierr);
+    case pair('h', 's'):
+        return brent(h_ps, 1, input2 * kj_to_j, input1 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('s', 'u'):
+        return brent(u_ps, 1, input1 * kj_to_j, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    default:
+        ierr = err_unknown_spec;
+        return 0.0;
+    }
+}
+
+double get_t(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
+    const auto [first, second] = spec_letters(inputspec);
+    if (first == 'T') return input1 + celsius_offset;
+    if (second == 'T') return input2 + celsius_offset;
+
+    double lo = t_lower;
+    double hi = mixinfo::tmax(mix);
+    const double p = input1 * bar_to_pa;  // the "P" rows
+    const double v = first == 'd' ? 1.0 / input1 : input1;  // the "v" and "d" rows
+
+    switch (pair(first, second)) {
+    case pair('P', 'v'):
+    case pair('P', 'd'): {
+        const double vp = second == 'v' ? input2 : 1.0 / input2;
+        if (has_water(mix)) return brent(thermodyn::v_pt, 2, p, vp, lo, hi, solve_tol, mix, ierr);
+        return p * vp * mixinfo::mmol(mix) / r_gas;
+    }
+    case pair('P', 'h'):
+        return brent(thermodyn::h_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('P', 's'):
+        return brent(thermodyn::s_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('P', 'u'):
+        return brent(thermodyn::u_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('v', 'h'):
+    case pair('d', 'h'):
+        return brent(h_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('v', 's'):
+    case pair('d', 's'):
+        return brent(s_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('v', 'u'):
+    case pair('d', 'u'):
+        return brent(u_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('h', 's'):
+        return brent(h_ts, 1, input2 * kj_to_j, input1 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    case pair('s', 'u'):
+        return brent(u_ts, 1, input1 * kj_to_j, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+    default:
+        ierr = err_unknown_spec;
+        return 0.0;
+    }
+}
+
+// The inner solutions convert back to interface units because get_p and
+// get_t take them. Intended: their error code is dropped, and a failure value
+// (-8888.8 or 0.0) becomes the state variable.
+double t_at_pv(double p, double v, const Mixture& mix) {
+    int ignored = 0;
+    return get_t("Pv", p * pa_to_bar, v, mix, ignored);
+}
+double p_at_tv(double t, double v, const Mixture& mix) {
+    int ignored = 0;
+    return get_p("Tv", t - celsius_offset, v, mix, ignored);
+}
+double t_at_ps(double p, double s, const Mixture& mix) {
+    int ignored = 0;
+    return get_t("Ps", p * pa_to_bar, s * j_to_kj, mix, ignored);
+}
+double p_at_ts(double t, double s, const Mixture& mix) {
+    int ignored = 0;
+    return get_p("Ts", t - celsius_offset, s * j_to_kj, mix, ignored);
+}
+
+double h_pv(double p, double v, const Mixture& mix) { return thermodyn::h_pt(p, t_at_pv(p, v, mix), mix); }
+double s_pv(double p, double v, const Mixture& mix) { return thermodyn::s_pt(p, t_at_pv(p, v, mix), mix); }
+double u_pv(double p, double v, const Mixture& mix) { return thermodyn::u_pt(p, t_at_pv(p, v, mix), mix); }
+double h_tv(double t, double v, const Mixture& mix) { return thermodyn::h_pt(p_at_tv(t, v, mix), t, mix); }
+double s_tv(double t, double v, const Mixture& mix) { return thermodyn::s_pt(p_at_tv(t, v, mix), t, mix); }
+double u_tv(double t, double v, const Mixture& mix) { return thermodyn::u_pt(p_at_tv(t, v, mix), t, mix); }
+double h_ps(double p, double s, const Mixture& mix) { return thermodyn::h_pt(p, t_at_ps(p, s, mix), mix); }
+double u_ps(double p, double s, const Mixture& mix) { return thermodyn::u_pt(p, t_at_ps(p, s, mix), mix); }
+double v_ps(double p, double s, const Mixture& mix) { return thermodyn::v_pt(p, t_at_ps(p, s, mix), mix); }
+double h_ts(double t, double s, const Mixture& mix) { return thermodyn::h_pt(p_at_ts(t, s, mix), t, mix); }
+double u_ts(double t, double s, const Mixture& mix) { return thermodyn::u_pt(p_at_ts(t, s, mix), t, mix); }
+double v_ts(double t, double s, const Mixture& mix) { return thermodyn::v_pt(p_at_ts(t, s, mix), t, mix); }
+
+// Intended: the closed forms ignore "H2O(IF)" and condensed species.
+double p_tv(double t, double v, const Mixture& mix) { return r_gas * t / (v * mixinfo::mmol(mix)); }
+double t_pv(double p, double v, const Mixture& mix) { return v * mixinfo::mmol(mix) * p / r_gas; }
+
+}  // namespace od::solver
