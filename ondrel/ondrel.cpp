@@ -1,0 +1,224 @@
+// Property requests of the mixture model: composition check against the
+// stored composition, solution of the input pair, evaluation and conversion
+// of the requested properties.
+#include "ondrel/ondrel.hpp"
+
+#include <cstdio>
+
+#include "fluiddata/od_fluiddata.hpp"
+#include "solver/od_solver.hpp"
+#include "solver/od_units.hpp"
+#include "thermo/od_derivative.hpp"
+#include "thermo/od_mixinfo.hpp"
+#include "thermo/od_thermodyn.hpp"
+#include "thermo/od_transport.hpp"
+
+namespace od::ondrel {
+namespace {
+
+using units::celsius_offset;
+using units::j_to_kj;
+using units::pa_to_bar;
+
+constexpr std::array<int, 4> version = {3, 0, 1, 24};
+
+// The last solved state and the request it came from; zero at load.
+struct State {
+    double t = 0.0;          // K
+    double p = 0.0;          // Pa
+    double od_input2 = 0.0;  // as given by the caller
+    double od_input1 = 0.0;
+    std::array<char, 2> od_inputspec{};  // first two characters, blank-padded
+};
+
+State& state() {
+    static State s;
+    return s;
+}
+
+std::string_view trim_right(std::string_view s) {
+    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
+    return s;
+}
+
+enum class Composition { same, changed, unknown };
+
+// The request's mixture against the stored one: count, names and
+// concentrations all equal.
+bool same_mixture(const Mixture& mix) {
+    if (mix.n() != fluiddata::stored_count()) return false;
+    for (int i = 0; i < mix.n(); ++i)
+        if (!(mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1))) return false;
+    // Intended: the stored concentrations are compared but never written (all
+    // 0.0), so only all-zero concentrations pass and ordinary requests solve again.
+    for (int i = 0; i < mix.n(); ++i)
+        if (!(mix.conc[static_cast<std::size_t>(i)] == fluiddata::stored_conc(i + 1))) return false;
+    return true;
+}
+
+bool same_names(const Mixture& mix) {
+    if (mix.n() != fluiddata::stored_count()) return false;
+    for (int i = 0; i < mix.n(); ++i)
+        if (!(mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1))) return false;
+    return true;
+}
+
+// Loads the table once, tests the composition and stores a new list of names.
+Composition select(const Mixture& mix) {
+    if (!fluiddata::dbread()) fluiddata::readgas();
+    if (same_mixture(mix)) return Composition::same;
+    for (const CompName& name : mix.names)
+        if (!fluiddata::iscomp(name)) return Composition::unknown;
+    // A change of concentrations alone keeps the stored names and table rows.
+    if (!same_names(mix)) fluiddata::storeidx(mix.names);
+    return Composition::changed;
+}
+
+// The caller's lists as a mixture; false when the count is outside 0..250 or
+// a list is shorter than it.
+bool as_mixture(int ncomp, std::span<const CompName> names, std::span<const double> conc,
+                Mixture& mix) {
+    if (ncomp < 0 || ncomp > max_components) return false;
+    const auto n = static_cast<std::size_t>(ncomp);
+    if (names.size() < n || conc.size() < n) return false;
+    mix = Mixture{names.first(n), conc.first(n)};
+    return true;
+}
+
+// Preparation shared by od_prop and od_allprops; false on an unknown component.
+bool prepare_state(std::string_view inputspec, double input1, double input2, int ncomp,
+                   std::span<const CompName> names, std::span<const double> conc, Mixture& mix,
+                   int& errcode) {
+    errcode = err_none;
+    if (!as_mixture(ncomp, names, conc, mix)) {
+        errcode = err_unknown_component;
+        return false;
+    }
+    const Composition c = select(mix);
+    if (c == Composition::unknown) {
+        errcode = err_unknown_component;
+        return false;
+    }
+    State& s = state();
+    const std::array<char, 2> spec = solver::spec_letters(inputspec);
+    if (c == Composition::same && spec == s.od_inputspec && input1 == s.od_input1 &&
+        input2 == s.od_input2)
+        return true;  // the stored p and t
+    s.od_inputspec = spec;
+    s.od_input1 = input1;
+    s.od_input2 = input2;
+    // The solver's code goes back to the caller; evaluation goes on at its result.
+    s.p = solver::get_p(inputspec, input1, input2, mix, errcode);
+    s.t = solver::get_t(inputspec, input1, input2, mix, errcode);
+    return true;
+}
+
+using Evaluator = double (*)(double p, double t, const Mixture& mix);
+struct Property {
+    std::string_view name;
+    Evaluator value;
+};
+
+// Property names in the order they are tested, each with its evaluation and
+// conversion to interface units.
+constexpr std::array<Property, 16> properties = {{
+    {"P", [](double p, double, const Mixture&) { return p * pa_to_bar; }},
+    {"T", [](double, double t, const Mixture&) { return t - celsius_offset; }},
+    {"v", [](double p, double t, const Mixture& m) { return thermodyn::v_pt(p, t, m); }},
+    {"d", [](double p, double t, const Mixture& m) { return 1.0 / thermodyn::v_pt(p, t, m); }},
+    {"h", [](double p, double t, const Mixture& m) { return thermodyn::h_pt(p, t, m) * j_to_kj; }},
+    {"s", [](double p, double t, const Mixture& m) { return thermodyn::s_pt(p, t, m) * j_to_kj; }},
+    {"u", [](double p, double t, const Mixture& m) { return thermodyn::u_pt(p, t, m) * j_to_kj; }},
+    {"cv", [](double p, double t, const Mixture& m) { return thermodyn::cv_pt(p, t, m) * j_to_kj; }},
+    {"dP_dT", [](double p, double t, const Mixture&) { return derivative::dp_dt(p, t); }},
+    {"dP_dv", [](double p, double t, const Mixture& m) { return derivative::dp_dv(p, t, m); }},
+    {"d2P_dT2", [](double, double, const Mixture&) { return derivative::d2p_dt2(); }},
+    {"d2P_dv2", [](double p, double t, const Mixture& m) { return derivative::d2p_dv2(p, t, m); }},
+    {"d2P_dTdv", [](double p, double t, const Mixture& m) { return derivative::d2p_dtdv(p, t, m); }},
+    {"dCv_dT", [](double, double t, const Mixture& m) { return derivative::dcv_dt(t, m); }},
+    {"eta", [](double, double t, const Mixture& m) { return transport::eta_t(t, m); }},
+    {"lambda", [](double p, double t, const Mixture& m) { return transport::lambda_pt(p, t, m); }},
+}};
+
+}  // namespace
+
+double od_prop(std::string_view inputspec, double input1, double input2, int ncomp,
+               std::span<const CompName> names, std::span<const double> conc,
+               std::string_view outname, int& errcode) {
+    Mixture mix;
+    if (!prepare_state(inputspec, input1, input2, ncomp, names, conc, mix, errcode))
+        return missing_value;
+    const std::string_view wanted = trim_right(outname);
+    const State& s = state();
+    for (const Property& prop : properties)
+        if (prop.name == wanted) return prop.value(s.p, s.t, mix);
+    errcode = err_unknown_property;
+    return missing_value;
+}
+
+AllProps od_allprops(std::string_view inputspec, double input1, double input2, int ncomp,
+                     std::span<const CompName> names, std::span<const double> conc, int& errcode) {
+    Mixture mix;
+    if (!prepare_state(inputspec, input1, input2, ncomp, names, conc, mix, errcode)) {
+        const double m = missing_value;
+        return {m, m, m, m, m, m, m, m, m, m, m, m, m, m, m, m};
+    }
+    const double p = state().p;
+    const double t = state().t;
+    AllProps r{};
+    r.P = p * pa_to_bar;
+    r.T = t - celsius_offset;
+    r.v = thermodyn::v_pt(p, t, mix);
+    r.d = 1.0 / r.v;
+    r.h = thermodyn::h_pt(p, t, mix) * j_to_kj;
+    r.s = thermodyn::s_pt(p, t, mix) * j_to_kj;
+    r.u = thermodyn::u_pt(p, t, mix) * j_to_kj;
+    r.cv = thermodyn::cv_pt(p, t, mix) * j_to_kj;
+    r.dP_dT = derivative::dp_dt(p, t);
+    r.dP_dv = derivative::dp_dv(p, t, mix);
+    r.d2P_dT2 = derivative::d2p_dt2();
+    r.d2P_dv2 = derivative::d2p_dv2(p, t, mix);
+    r.d2P_dTdv = derivative::d2p_dtdv(p, t, mix);
+    r.dCv_dT = derivative::dcv_dt(t, mix);
+    r.eta = transport::eta_t(t, mix);
+    r.lambda = transport::lambda_pt(p, t, mix);
+    return r;
+}
+
+double od_info(int ncomp, std::span<const CompName> names, std::span<const double> conc,
+               std::string_view infoname, int& errcode) {
+    errcode = err_none;
+    Mixture mix;
+    if (!as_mixture(ncomp, names, conc, mix) || select(mix) == Composition::unknown) {
+        errcode = err_unknown_component;
+        return missing_value;
+    }
+    const std::string_view wanted = trim_right(infoname);
+    if (wanted == "M_mol") return mixinfo::mmol(mix);
+    if (wanted == "T_min") return mixinfo::tmin(mix) - celsius_offset;
+    if (wanted == "T_max") return mixinfo::tmax(mix) - celsius_offset;
+    errcode = err_unknown_info;
+    return missing_value;
+}
+
+int od_compset(std::span<CompName, max_components> names) {
+    if (!fluiddata::dbread()) fluiddata::readgas();
+    return fluiddata::getcompset(names);
+}
+
+std::array<int, 4> od_getversion() { return version; }
+
+void ondrel_sub() {
+    // Free-format output: the line begins with one blank.
+    std::printf(" %.*s\n", static_cast<int>(greeting.size()), greeting.data());
+    std::fflush(stdout);
+}
+
+LastState last_state() {
+    const State& s = state();
+    return {s.t, s.p, s.od_input1, s.od_input2, s.od_inputspec};
+}
+
+void reset_for_tests() { state() = State{}; }
+
+}  // namespace od::ondrel
