@@ -389,7 +389,11 @@ def check_readback(rows, text, checks):
         checks.fail("file has %d lines for %d rows" % (len(lines), len(rows)))
         return
     for i, row in enumerate(rows):
-        got = parse_block(lines[1 + 4 * i:5 + 4 * i])
+        try:
+            got = parse_block(lines[1 + 4 * i:5 + 4 * i])
+        except fixedcol.FieldError as err:
+            checks.fail("%s: read fault: %s" % (row.name, err))
+            continue
         want_elements = [(s.ljust(2), n) for s, n in row.elements]
         want_elements += [("  ", 0)] * (4 - len(want_elements))
         want = {
