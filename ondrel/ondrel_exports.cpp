@@ -5,7 +5,8 @@
 #include <cstdint>
 
 #include "host/ftn_text.hpp"
-#include "ondrel/ondrel.hpp"
+#include "ondrel/ondrel.h"
+#include "ondrel/ondrel_core.hpp"
 #include "solver/host_mixture.hpp"
 
 namespace {

@@ -4,6 +4,7 @@
 // from the gas table gives -8888.8 (and error code 1 where there is one).
 #include <cstddef>
 
+#include "ondrel/ondrel.h"
 #include "solver/host_mixture.hpp"
 #include "solver/od_solver.hpp"
 

@@ -1,3 +1,5 @@
+// Module ondrel (file named ondrel_core so that it does not shadow the public
+// C++ API include/ondrel/ondrel.hpp on the include path).
 // Entry points of the ideal-gas mixture model: one property or all sixteen
 // at a state given by a two-letter input pair, mixture information, the gas
 // table's component set and the version.

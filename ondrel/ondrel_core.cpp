@@ -1,7 +1,7 @@
 // Property requests of the mixture model: composition check against the
 // stored composition, solution of the input pair, evaluation and conversion
 // of the requested properties.
-#include "ondrel/ondrel.hpp"
+#include "ondrel/ondrel_core.hpp"
 
 #include <cstdio>
 
