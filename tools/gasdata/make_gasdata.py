@@ -455,7 +455,13 @@ def provenance(rows, thermo_notes):
     out = ["| # | name | thermo record (nasathermo.dat) | T range K | LJ source: entry | eps/k K | sigma A | note |",
            "|---|---|---|---|---|---|---|---|"]
     for i, (row, sp) in enumerate(zip(rows, SPECIES)):
-        lj = "-" if sp.lj_source is None else "%s: `%s`" % (sp.lj_source, sp.lj_entry)
+        if sp.lj_source is None:
+            lj = "-"
+        else:
+            entry = sp.lj_entry.split("|")
+            lj = "%s `%s`" % (sp.lj_source, entry[0])
+            if len(entry) > 1:
+                lj += " (%s)" % entry[1]
         thermo = sp.thermo if not sp.thermo.startswith("refit:") else "refit (see below)"
         out.append("| %d | `%s` | `%s` | %s-%s | %s | %s | %s | %s |" % (
             i + 1, row.name, thermo, row.tmin, row.tmax, lj, row.eps, row.sigma, sp.note))

@@ -85,7 +85,7 @@ SPECIES = [
     Species("S(L)", "S(L)", None, None, "liquid sulfur"),
     Species("AL2O3(S)", "AL2O3(a)", None, None, "alpha alumina (corundum) up to the melting point"),
     Species("AL2O3(L)", "AL2O3(L)", None, None, "liquid alumina, constant cp (JANAF 1979)"),
-    Species("SIO2(S)", "refit:SIO2(S)", None, None, "alpha + beta quartz, range 2 refitted"),
+    Species("SIO2(S)", "refit:SIO2(S)", None, None, "alpha + beta quartz: range 2 refitted, range 1 beta quartz"),
     Species("SIO2(L)", "SiO2(L)", None, None, "liquid silica, range 1 only"),
     Species("FE2O3(S)", "Fe2O3(s)", None, None, "hematite, one fit through the magnetic transition"),
 ]
