@@ -114,9 +114,10 @@ double t_3rx_p(double p);
 double t_3uv_p(double p);
 double t_3wx_p(double p);
 
-// Sub-region of v(p,T), a letter 'a' to 'z'. tsat is Tsat(p) in K; it is
-// read only for psat(623.15 K) < p <= 19.00881189 MPa, where the saturation
-// line separates 3c (liquid) from 3t (vapour); elsewhere any value will do.
+// Sub-region of v(p,T), a letter 'a' to 'z'. tsat is Tsat(p) in K, the
+// saturation line that separates liquid from vapour sub-regions (3c|3t,
+// 3s|3t, 3s|3r, 3u|3x, ...); it is read only for p <= 22.064 MPa, above
+// that any value will do.
 char subregion3_pt(double p, double T, double tsat);
 // v(p,T) of the named sub-region ('a' to 'z'), m3/kg; NaN for another letter.
 double v_pt_region3(char subregion, double p, double T);
