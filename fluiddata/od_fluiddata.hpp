@@ -10,17 +10,23 @@
 
 namespace od::fluiddata {
 
+inline constexpr std::string_view library_name = "Ondrel";        // asked of fluidpath
+inline constexpr std::string_view data_file_name = "Ondrel.Dat";   // gas data file and record name
+
 // --- lookups by name ------------------------------------------------------
 // True when the name is a row of the gas table (loads the table first if needed).
 bool iscomp(const CompName& name);
 // First table row (1-based) whose name matches; missing_row if none.
 int getidx(const CompName& name);
 // Stores a mixture's names (cut to 8 characters) and their table rows.
+// Names past the capacity of 250 are ignored.
 void storeidx(std::span<const CompName> names);
 // Table row of a stored component or of "H2O" / "H2O(L)"; missing_row if none.
 int getstoredidx(const CompName& name);
 
 // --- values of a stored component (or "H2O" / "H2O(L)") -----------------
+// A name that is neither stored nor a water name (or whose row is not a table
+// row) gives missing_value (-8888.8); getcoef then fills a with it.
 // The seven coefficients a1..a7 valid at T (K): range 1 above 1000 K, else range 2,
 // the other range when the chosen one has a1 == 0.0.
 void getcoef(const CompName& name, double t, std::span<double, 7> a);
@@ -36,6 +42,18 @@ char getphase(const CompName& name);    // 'S' solid, 'L' liquid, 'G' gas
 int getcompset(std::span<CompName, max_components> names);
 void setdbread();   // marks the table as loaded
 bool dbread();      // the table has been loaded (or loading was attempted)
+
+// One row of the gas table as loaded (row 1..250; rows not loaded are all zero).
+struct TableRow {
+    CompName name;
+    std::array<std::array<char, 2>, 4> namato{};  // element symbols
+    std::array<int, 4> numato{};                  // atom counts
+    double tmin = 0.0, tmax = 0.0, mmol = 0.0;    // K, K, kg/mol
+    std::array<std::array<double, 7>, 2> coef{};  // range 1 (above 1000 K), range 2
+    double sigma = 0.0, eps = 0.0;                // Angstrom, K
+};
+int table_size();                // ngas
+const TableRow& table_row(int row);  // row 1..250; an all-zero row outside
 
 // --- stored composition (read by the property requests' cache test) -------
 int stored_count();                    // ncmp
