@@ -9,4 +9,7 @@ double thermcond(double p, double t, const CompName& name);       // W/(m K), on
 double eta_t(double t, const Mixture& mix);                       // Pa s, mixture
 double lambda_pt(double p, double t, const Mixture& mix);         // W/(m K), mixture
 
+// Test hook: forgets the component saved by the conductivity functions.
+void reset_for_tests();
+
 }  // namespace od::transport

@@ -1,0 +1,231 @@
+// Condensing water "H2O(IF)": IAPWS-IF97 values through the IF97 adapter,
+// split into condensed and vapour parts and moved onto the gas-table
+// reference so that the water term adds to the ideal-gas terms.
+#include "thermo/od_h2o.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "fluiddata/od_fluiddata.hpp"
+#include "if97_adapter/if97_qv.hpp"
+#include "thermo/od_basefuncs.hpp"
+
+namespace od::h2o {
+namespace {
+
+using basefuncs::isnotinit;
+using basefuncs::r_gas;
+
+inline constexpr double bar_to_pa = 100000.0;
+inline constexpr double celsius_offset = 273.15;
+inline constexpr double kj_to_j = 1000.0;
+inline constexpr double t_triple = 273.16;       // K
+inline constexpr double p_triple = 611.657;      // Pa, lower clip of a first pressure input
+inline constexpr double t_crit = 647.096;        // K, no saturation above
+inline constexpr double t_if97_max = 1073.15;    // K, vapour is extended with the gas table above
+inline constexpr double p_reference = 101325.0;  // Pa, where IF97 is matched to the gas table
+inline constexpr double t_reference = 1073.15;   // K
+inline constexpr double saturation_tolerance = 1e-6;
+inline constexpr double quality_any = 0.5;       // quality of a saturation-pressure request
+
+// Constants of the sublimation-pressure formula (Goff-Gratch form).
+inline constexpr double subl_c0 = -0.213856;
+inline constexpr double subl_log = 3.56654;
+inline constexpr double subl_lin = 9.09685;
+inline constexpr double subl_t = 0.87682;
+inline constexpr double subl_scale = 1000.0;
+
+const CompName water = CompName::from("H2O");
+const CompName water_liquid = CompName::from("H2O(L)");
+
+// Saved values of one property function.
+struct Saved {
+    bool first = true;   // reference correction not yet computed
+    double r_h2o = 0.0;  // J/(kg K)
+    double corr = 0.0;   // reference correction, per-mole units
+    double p_sat = 0.0;
+    double p_h2o = 0.0;
+    double vap = 0.0;    // vapour value of the last call with vapour
+};
+
+struct State {
+    Saved h, s, cp;
+    std::string errmsg;        // the adapter's last message; read by nobody
+    double calcval = 0.0;      // last result of the gateway
+    char inputspec[2] = {' ', ' '};
+};
+
+State& state() {
+    static State s;
+    return s;
+}
+
+// One of the four quantities a property function evaluates.
+struct Quantity {
+    std::string_view prop;                                   // IF97 property name
+    double (*db)(const CompName& name, double p, double t);  // gas-table value, per mole
+};
+double db_h(const CompName& n, double, double t) { return basefuncs::h_0(n, t); }
+double db_s(const CompName& n, double p, double t) { return basefuncs::s_0(n, p, t); }
+double db_cp(const CompName& n, double, double t) { return basefuncs::cp_0(n, t); }
+inline constexpr Quantity q_h{"H.", db_h};
+inline constexpr Quantity q_s{"S.", db_s};
+inline constexpr Quantity q_cp{"CP.", db_cp};
+inline constexpr std::string_view prop_v = "V.";
+inline constexpr std::string_view prop_p = "P.";
+
+double sublimation_pressure(double t) {
+    const double r = t_triple / t;
+    const double e = subl_c0 - subl_log * std::log10(r) - subl_lin * (r - 1.0) + subl_t * (1.0 - t / t_triple);
+    return subl_scale * std::pow(10.0, e);
+}
+
+// Where the water stands: saturation pressure, condensed fraction f and
+// vapour partial pressure.
+struct Split {
+    double p_sat;
+    double f;
+    double p_h2o;
+};
+
+Split split(double xw, double p, double t) {
+    Split s{};
+    s.p_sat = h2o('T', t, 'X', quality_any, prop_p);
+    const bool valid = isnotinit(s.p_sat);
+    // Intended: non-strict xw*p >= psat here, strict in the gas fraction of the mixture.
+    const bool saturated = valid && xw * p >= s.p_sat && s.p_sat != p;
+    if (xw == 1.0)
+        s.f = (valid && p > s.p_sat) ? 1.0 : 0.0;
+    else
+        s.f = saturated ? (xw - s.p_sat / p) / xw : 0.0;
+    s.p_h2o = saturated ? s.p_sat : xw * p;
+    return s;
+}
+
+// Condensed-phase value (h/R, s/R or cp/R) with conv turning an IF97 value into it.
+template <class Conv>
+double condensed(const Quantity& q, double p, double t, double f, double p_sat, Conv conv) {
+    if (t >= t_triple) {
+        if (f > 0.0 && f < 1.0)
+            return p > p_sat ? conv(h2o('P', p, 'T', t, q.prop)) : conv(h2o('P', p, 'X', 0.0, q.prop));
+        if (f >= 1.0) return conv(h2o('P', p, 'T', t, q.prop));
+        return 0.0;
+    }
+    if (f > 0.0)
+        return conv(h2o('P', p, 'T', t_triple, q.prop)) + q.db(water_liquid, p, t) - q.db(water_liquid, p, t_triple);
+    return 0.0;
+}
+
+// Vapour value at the partial pressure p_h2o (the gas-table terms at the total pressure p).
+template <class Conv>
+double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) {
+    if (t < t_triple) return q.db(water, p, t);
+    if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
+        return conv(h2o('P', s.p_h2o, 'X', 1.0, q.prop));
+    if (t <= t_if97_max) return conv(h2o('P', s.p_h2o, 'T', t, q.prop));
+    return conv(h2o('P', s.p_h2o, 'T', t_if97_max, q.prop)) + q.db(water, p, t) - q.db(water, p, t_if97_max);
+}
+
+// h/R or s/R of the water; sv holds the function's saved values.
+double energy_like(const Quantity& q, Saved& sv, double xw, double p, double t) {
+    if (sv.first) {
+        sv.r_h2o = r_gas / fluiddata::getmmol(water);
+        sv.corr = q.db(water, p_reference, t_reference) - h2o('P', p_reference, 'T', t_reference, q.prop) / sv.r_h2o;
+        sv.first = false;
+    }
+    const Split s = split(xw, p, t);
+    sv.p_sat = s.p_sat;
+    sv.p_h2o = s.p_h2o;
+    auto conv = [&sv](double x) { return x / sv.r_h2o + sv.corr; };
+    const double liq = condensed(q, p, t, s.f, s.p_sat, conv);
+    // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
+    if (s.f < 1.0) sv.vap = vapour(q, p, t, s, conv);
+    return (1.0 - s.f) * sv.vap + s.f * liq;
+}
+
+}  // namespace
+
+double h2o(char code1, double value1, char code2, double value2, std::string_view property) {
+    State& st = state();
+    double result;
+    if (code1 == 'T' && code2 == 'X') {
+        const double t = value1 <= 0.0 ? 1.0 : value1;
+        if (t > t_crit) {
+            st.calcval = missing_value;
+            return st.calcval;
+        }
+        if (t < t_triple)
+            result = sublimation_pressure(t);
+        else
+            result = if97_qv::if97_prop("Tq", t - celsius_offset, value2, property, st.errmsg);
+    } else {
+        double v1 = value1;
+        double v2 = value2;
+        if (code1 == 'P') v1 = std::max(value1, p_triple) / bar_to_pa;
+        if (code1 == 'T') v1 = value1 - celsius_offset;
+        // Intended: a second pressure is not clipped.
+        if (code2 == 'P') v2 = value2 / bar_to_pa;
+        if (code2 == 'T') v2 = value2 - celsius_offset;
+        st.inputspec[0] = code1;
+        st.inputspec[1] = code2;
+        result = if97_qv::if97_prop(std::string_view(st.inputspec, 2), v1, v2, property, st.errmsg);
+    }
+    st.calcval = result;
+    if (result == missing_value) return result;
+    // Intended: the sublimation branch is scaled as well, so below 273.16 K water never condenses.
+    if (property == prop_p)
+        st.calcval = result * bar_to_pa;
+    else if (property == q_h.prop || property == q_s.prop || property == q_cp.prop)
+        st.calcval = result * kj_to_j;
+    return st.calcval;
+}
+
+double h_h2o(double xw, double p, double t) { return energy_like(q_h, state().h, xw, p, t); }
+
+double s_h2o(double xw, double p, double t) { return energy_like(q_s, state().s, xw, p, t); }
+
+double cp_h2o(double xw, double p, double t) {
+    Saved& sv = state().cp;
+    const double r_h2o = r_gas / fluiddata::getmmol(water);
+    const Split s = split(xw, p, t);
+    sv.p_sat = s.p_sat;
+    sv.p_h2o = s.p_h2o;
+    auto conv = [r_h2o](double x) { return x / r_h2o; };
+    const double liq = condensed(q_cp, p, t, s.f, s.p_sat, conv);
+    if (s.f < 1.0) sv.vap = vapour(q_cp, p, t, s, conv);
+    return (1.0 - s.f) * sv.vap + s.f * liq;
+}
+
+double v_h2o(double xw, double p, double t) {
+    const double m = fluiddata::getmmol(water);
+    const Split s = split(xw, p, t);
+    auto molar = [m](double v) { return v * m; };
+    double liq = 0.0;
+    if (t >= t_triple) {
+        if (s.f > 0.0 && s.f < 1.0)
+            liq = p > s.p_sat ? molar(h2o('P', p, 'T', t, prop_v)) : molar(h2o('P', p, 'X', 0.0, prop_v));
+        else if (s.f >= 1.0)
+            liq = molar(h2o('P', p, 'T', t, prop_v));
+    } else if (s.f > 0.0) {
+        liq = molar(h2o('P', p, 'T', t_triple, prop_v)) * t / t_triple;
+    }
+    double vap = 0.0;
+    if (s.f < 1.0) {
+        if (t < t_triple)
+            vap = basefuncs::v_0(p, t);
+        else if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
+            vap = molar(h2o('P', s.p_h2o, 'X', 1.0, prop_v));
+        else if (t <= t_if97_max)
+            vap = molar(h2o('P', s.p_h2o, 'T', t, prop_v));
+        else
+            vap = molar(h2o('P', s.p_h2o, 'T', t_if97_max, prop_v)) * t / t_if97_max;
+        // The vapour fills the mixture's volume at its partial pressure.
+        vap *= s.p_h2o / p;
+    }
+    return (1.0 - s.f) * vap + s.f * liq;
+}
+
+void reset_for_tests() { state() = State{}; }
+
+}  // namespace od::h2o

@@ -1,0 +1,131 @@
+// Specific properties of an ideal mixture of gas-table components at given
+// pressure and temperature, with "H2O(IF)" delegated to the condensing water.
+#include "thermo/od_thermodyn.hpp"
+
+#include <cmath>
+
+#include "fluiddata/od_fluiddata.hpp"
+#include "thermo/od_basefuncs.hpp"
+#include "thermo/od_h2o.hpp"
+
+namespace od::thermodyn {
+namespace {
+
+using basefuncs::r_gas;
+
+inline constexpr double negligible = 1e-10;  // concentrations at or below are skipped
+const CompName water_if = CompName::from("H2O(IF)");
+
+bool is_water_if(const CompName& name) { return name == water_if; }
+
+// Moles of gas phase per mole of mixture before the zero guard: the sum of the
+// gas-phase concentrations, reduced when the condensing water exceeds saturation.
+double gas_fraction_raw(double p, double t, const Mixture& mix) {
+    double g = 0.0;
+    for (int i = 0; i < mix.n(); ++i)
+        if (fluiddata::getphase(mix.names[i]) == 'G') g += mix.conc[i];
+    for (int i = 0; i < mix.n(); ++i) {
+        const double y = mix.conc[i];
+        if (!is_water_if(mix.names[i]) || !(y > negligible)) continue;
+        const double psat = h2o::h2o('T', t, 'X', 0.0, "P.");
+        // The dry gas keeps just enough vapour to make its fraction psat/p.
+        if (basefuncs::isnotinit(psat) && y * p > psat && psat != p) g = g * (1.0 - y / g) / (1.0 - psat / p);
+        break;
+    }
+    return g;
+}
+
+// The gas fraction as a divisor.
+double gas_fraction(double p, double t, const Mixture& mix) {
+    const double g = gas_fraction_raw(p, t, mix);
+    // Intended: a mixture without gas-phase components divides by 1.
+    return g == 0.0 ? 1.0 : g;
+}
+
+// Molar mass accumulated in component order, as mixinfo::mmol does.
+struct Sums {
+    double x = 0.0;  // the property's per-mole sum
+    double m = 0.0;  // molar mass, kg/mol
+};
+
+template <class Term>
+Sums mixture_sum(const Mixture& mix, Term term) {
+    Sums s;
+    for (int i = 0; i < mix.n(); ++i) {
+        const CompName& name = mix.names[i];
+        const double c = mix.conc[i];
+        if (c > negligible) s.x += c * term(name, c);
+        s.m += c * fluiddata::getmmol(name);
+    }
+    return s;
+}
+
+double h_sum(double p, double t, const Mixture& mix, double& m) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+        if (is_water_if(name)) return h2o::h_h2o(c / gas_fraction(p, t, mix), p, t);
+        return basefuncs::h_0(name, t);
+    });
+    m = s.m;
+    return s.x;
+}
+
+double v_sum(double p, double t, const Mixture& mix, double& m) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+        if (is_water_if(name)) return h2o::v_h2o(c / gas_fraction(p, t, mix), p, t);
+        if (fluiddata::getphase(name) == 'G') return basefuncs::v_0(p, t);
+        return basefuncs::v_sl(name);
+    });
+    m = s.m;
+    return s.x;
+}
+
+}  // namespace
+
+double h_pt(double p, double t, const Mixture& mix) {
+    double m;
+    const double h = h_sum(p, t, mix, m);
+    if (!(m > 0.0)) return 0.0;
+    return h * r_gas / m;
+}
+
+double s_pt(double p, double t, const Mixture& mix) {
+    const double g = gas_fraction(p, t, mix);
+    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+        if (is_water_if(name)) return h2o::s_h2o(c / g, p, t);
+        // Mixing entropy from the fraction within the gas phase.
+        if (fluiddata::getphase(name) == 'G') return basefuncs::s_0(name, p, t) - std::log(c / g);
+        return basefuncs::s_0(name, p, t);
+    });
+    if (!(s.m > 0.0)) return 0.0;
+    return s.x * r_gas / s.m;
+}
+
+double cv_pt(double p, double t, const Mixture& mix) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+        if (is_water_if(name)) return h2o::cp_h2o(c / gas_fraction(p, t, mix), p, t);
+        return basefuncs::cp_0(name, t);
+    });
+    if (!(s.m > 0.0)) return 0.0;
+    // Intended: one R per mole of mixture is subtracted, however much of it is condensed.
+    return (s.x * r_gas - r_gas) / s.m;
+}
+
+double v_pt(double p, double t, const Mixture& mix) {
+    double m;
+    const double v = v_sum(p, t, mix, m);
+    if (!(m > 0.0)) return 0.0;
+    return v / m;
+}
+
+double u_pt(double p, double t, const Mixture& mix) {
+    const double h = h_pt(p, t, mix);
+    const double v = v_pt(p, t, mix);
+    return h - v * p;
+}
+
+double x_gas(double p, double t, const Mixture& mix) {
+    const double g = gas_fraction_raw(p, t, mix);
+    return g == 0.0 ? 1.0 : g;
+}
+
+}  // namespace od::thermodyn

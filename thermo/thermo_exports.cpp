@@ -1,0 +1,145 @@
+// The ideal-gas mixture functions in the host calling convention: C linkage,
+// every argument by reference, hidden text lengths last.
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "host/ftn_text.hpp"
+#include "ondrel/od_thermo.h"
+#include "thermo/od_basefuncs.hpp"
+#include "thermo/od_derivative.hpp"
+#include "thermo/od_h2o.hpp"
+#include "thermo/od_mixinfo.hpp"
+#include "thermo/od_thermodyn.hpp"
+#include "thermo/od_transport.hpp"
+
+namespace {
+
+using od::CompName;
+using od::Mixture;
+
+CompName name_of(const char* text, std::size_t len) { return CompName::from(ftn::view(text, len)); }
+
+char code_of(const char* text, std::size_t len) {
+    const std::string_view v = ftn::view(text, len);
+    return v.empty() ? ' ' : v.front();
+}
+
+// Concentrations of the functions that take names only.
+constexpr std::array<double, od::max_components> no_conc{};
+
+// The caller's mixture as names and a view; nullopt for a count outside
+// 0..250 or missing lists.
+class MixtureArgs {
+public:
+    MixtureArgs(const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
+        if (n == nullptr || *n < 0 || *n > od::max_components) return;
+        if (*n > 0 && (names == nullptr || conc == nullptr)) return;
+        for (std::int32_t i = 0; i < *n; ++i) names_[i] = name_of(names + static_cast<std::size_t>(i) * len, len);
+        mix_ = Mixture{std::span<const CompName>(names_.data(), static_cast<std::size_t>(*n)),
+                       std::span<const double>(conc, static_cast<std::size_t>(*n))};
+    }
+    const std::optional<Mixture>& mix() const { return mix_; }
+
+private:
+    std::array<CompName, od::max_components> names_;
+    std::optional<Mixture> mix_;
+};
+
+// Calls f(mixture) or returns the missing-value marker for a bad mixture.
+template <class F>
+double with_mixture(const std::int32_t* n, const char* names, const double* conc, std::size_t len, F f) {
+    const MixtureArgs args(n, names, conc, len);
+    if (!args.mix()) return od::missing_value;
+    return f(*args.mix());
+}
+
+}  // namespace
+
+extern "C" {
+
+double cp_0_(const char* name, const double* t, std::size_t len) {
+    return od::basefuncs::cp_0(name_of(name, len), *t);
+}
+double h_0_(const char* name, const double* t, std::size_t len) {
+    return od::basefuncs::h_0(name_of(name, len), *t);
+}
+double s_0_(const char* name, const double* p, const double* t, std::size_t len) {
+    return od::basefuncs::s_0(name_of(name, len), *p, *t);
+}
+double dcv_dt_0_(const char* name, const double* t, std::size_t len) {
+    return od::basefuncs::dcv_dt_0(name_of(name, len), *t);
+}
+double v_0_(const double* p, const double* t) { return od::basefuncs::v_0(*p, *t); }
+double v_sl_(const char* name, std::size_t len) { return od::basefuncs::v_sl(name_of(name, len)); }
+std::int32_t isinit_(const double* x) { return od::basefuncs::isinit(*x) ? 1 : 0; }
+std::int32_t isnotinit_(const double* x) { return od::basefuncs::isnotinit(*x) ? 1 : 0; }
+
+double tmin_(const std::int32_t* n, const char* names, std::size_t len) {
+    return with_mixture(n, names, no_conc.data(), len, [](const Mixture& m) { return od::mixinfo::tmin(m); });
+}
+double tmax_(const std::int32_t* n, const char* names, std::size_t len) {
+    return with_mixture(n, names, no_conc.data(), len, [](const Mixture& m) { return od::mixinfo::tmax(m); });
+}
+double mmol_(const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
+    return with_mixture(n, names, conc, len, [](const Mixture& m) { return od::mixinfo::mmol(m); });
+}
+
+#define OD_STATE_EXPORT(fn)                                                                        \
+    double fn##_(const double* p, const double* t, const std::int32_t* n, const char* names,       \
+                 const double* conc, std::size_t len) {                                            \
+        return with_mixture(n, names, conc, len,                                                   \
+                            [&](const Mixture& m) { return od::thermodyn::fn(*p, *t, m); });       \
+    }
+OD_STATE_EXPORT(h_pt)
+OD_STATE_EXPORT(s_pt)
+OD_STATE_EXPORT(cv_pt)
+OD_STATE_EXPORT(v_pt)
+OD_STATE_EXPORT(u_pt)
+OD_STATE_EXPORT(x_gas)
+#undef OD_STATE_EXPORT
+
+double h2o_(const char* spec1, const double* value1, const char* spec2, const double* value2,
+            const char* property, std::size_t len1, std::size_t len2, std::size_t len3) {
+    return od::h2o::h2o(code_of(spec1, len1), *value1, code_of(spec2, len2), *value2,
+                        ftn::trimmed(property, len3));
+}
+double h_h2o_(const double* xw, const double* p, const double* t) { return od::h2o::h_h2o(*xw, *p, *t); }
+double s_h2o_(const double* xw, const double* p, const double* t) { return od::h2o::s_h2o(*xw, *p, *t); }
+double cp_h2o_(const double* xw, const double* p, const double* t) { return od::h2o::cp_h2o(*xw, *p, *t); }
+double v_h2o_(const double* xw, const double* p, const double* t) { return od::h2o::v_h2o(*xw, *p, *t); }
+
+double dp_dt_(const double* p, const double* t) { return od::derivative::dp_dt(*p, *t); }
+double dp_dv_(const double* p, const double* t, const std::int32_t* n, const char* names, const double* conc,
+              std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::derivative::dp_dv(*p, *t, m); });
+}
+double d2p_dt2_() { return od::derivative::d2p_dt2(); }
+double d2p_dv2_(const double* p, const double* t, const std::int32_t* n, const char* names, const double* conc,
+                std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::derivative::d2p_dv2(*p, *t, m); });
+}
+double d2p_dtdv_(const double* p, const double* t, const std::int32_t* n, const char* names, const double* conc,
+                 std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::derivative::d2p_dtdv(*p, *t, m); });
+}
+double dcv_dt_(const double* t, const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::derivative::dcv_dt(*t, m); });
+}
+
+double viscosity_(const double* t, const char* name, std::size_t len) {
+    return od::transport::viscosity(*t, name_of(name, len));
+}
+double thermcond_(const double* p, const double* t, const char* name, std::size_t len) {
+    return od::transport::thermcond(*p, *t, name_of(name, len));
+}
+double eta_t_(const double* t, const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::transport::eta_t(*t, m); });
+}
+double lambda_pt_(const double* p, const double* t, const std::int32_t* n, const char* names, const double* conc,
+                  std::size_t len) {
+    return with_mixture(n, names, conc, len, [&](const Mixture& m) { return od::transport::lambda_pt(*p, *t, m); });
+}
+
+}  // extern "C"
