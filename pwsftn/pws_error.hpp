@@ -29,10 +29,12 @@ struct ErrorRecord {
 inline constexpr ErrorRecord initial_error_record{6, 1000000, 1000000, 0};
 
 // The process-wide error record (the host may change its fields between calls).
-ErrorRecord& pwserr();
-// Makes `record` the storage of the error record (used once by the exports so
-// that the host's common block and the package share one record).
-void bind_error_record(ErrorRecord& record);
+ErrorRecord pwserr();
+void set_pwserr(const ErrorRecord& record);
+// Makes `storage` (four 32-bit integers in the order of ErrorRecord) the
+// storage of the error record; used once by the exports so that the host's
+// common block and the package share one record.
+void bind_error_record(void* storage);
 
 // Counts one error, writes its line on channel iunit while the count is within
 // maxmsg, and stops the process once the count passes maxerr. `name` (the

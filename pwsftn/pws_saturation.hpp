@@ -71,9 +71,18 @@ double psl1_slope();
 // reports code 1 and returns 0.
 double pws_tp(double p);
 
+// IFC-67 L function (region-2/3 boundary): L0, L1, L2 and the derivative
+// coefficient 2 L2; reduced boundary pressure L0 + L1 theta + L2 theta^2.
+struct LFunction {
+    double l0, l1, l2, dl2;
+};
+inline constexpr LFunction pws_cl_record{15.74373327, -34.17061978, 19.31380707, 38.62761414};
+
 // The L function: reduced pressure of the region-2/3 boundary at t (C), and
 // the boundary pressure in bar.
 double pws_cl(double t);
+// Derivative of the L function with respect to the reduced temperature T/Tc.
+double pws_cl_slope(double t);
 double boundary_pressure(double t);
 // Temperature (C) on the region-2/3 boundary for a pressure in bar.
 double boundary_temperature(double p);

@@ -1,0 +1,245 @@
+// Iterations used with the region equations: regula falsi with a halving step
+// in one variable (pws_i1, pws_i2, pws_i3), the saturation temperature by
+// bracketing (pws_it) and the two-level iteration (pws_id).
+#include <cmath>
+
+#include "pwsftn/pws_error.hpp"
+#include "pwsftn/pws_regions.hpp"
+#include "pwsftn/pws_saturation.hpp"
+
+namespace pws {
+namespace {
+
+constexpr int max_steps = 40;
+// Saturation temperature by bracketing: tolerances and bracket (C).
+constexpr double it_tol = 1.0E-12;
+constexpr double it_low = 0.01;
+constexpr double inner_power = 1.25;  // inner tolerance of pws_id: eps^1.25
+
+// Bracketed regula falsi with one halving evaluation per step: the scheme of
+// pws_i2 (products compared with zero, "<=").
+struct Bracket {
+    double a, b, fa, fb;
+};
+
+template <typename F>
+void narrow_bracketed(Bracket& k, double x, double fx, F&& f) {
+    if (k.fa * fx <= 0.0) {
+        const double m = (x + k.a) * 0.5;
+        const double fm = f(m);
+        if (k.fa * fm <= 0.0) {
+            k.b = m;
+            k.fb = fm;
+        } else {
+            k.a = m;
+            k.b = x;
+            k.fa = fm;
+            k.fb = fx;
+        }
+    } else {
+        const double m = (x + k.b) * 0.5;
+        const double fm = f(m);
+        if (k.fb * fm <= 0.0) {
+            k.a = m;
+            k.fa = fm;
+        } else {
+            k.a = x;
+            k.b = m;
+            k.fa = fx;
+            k.fb = fm;
+        }
+    }
+}
+
+// The scheme of pws_i2 on g(x) = 0 with residual tolerance r and relative
+// interval tolerance eps; `last_estimate` selects the result after 40 steps.
+template <typename G>
+double solve_i2(G&& g, double& a, double& b, double r, double eps, bool strict_ends,
+                bool unbracketed_allowed, bool last_estimate) {
+    double fa = g(a);
+    if (strict_ends ? std::fabs(fa) < r : std::fabs(fa) <= r) return a;
+    double fb = g(b);
+    if (strict_ends ? std::fabs(fb) < r : std::fabs(fb) <= r) return b;
+    if (fa * fb <= 0.0 || !unbracketed_allowed) {
+        Bracket k{a, b, fa, fb};
+        double x = a;
+        for (int step = 1; step <= max_steps; ++step) {
+            if (std::fabs(k.a - k.b) < std::fabs(k.a) * eps) break;
+            x = k.a - (k.a - k.b) * k.fa / (k.fa - k.fb);
+            const double fx = g(x);
+            if (std::fabs(fx) < r) {
+                a = k.a;
+                b = k.b;
+                return x;
+            }
+            narrow_bracketed(k, x, fx, g);
+            if (step == max_steps && last_estimate) {
+                a = k.a;
+                b = k.b;
+                return x;
+            }
+        }
+        a = k.a;
+        b = k.b;
+        return (a + b) * 0.5;
+    }
+    // Not bracketed: secant steps from the two starting values.
+    double x = a;
+    for (int step = 1; step <= max_steps; ++step) {
+        x = a + (b - a) * fa / (fa - fb);
+        const double fx = g(x);
+        if (std::fabs(fx) < r) return x;
+        b = a;
+        fb = fa;
+        a = x;
+        fa = fx;
+    }
+    return x;
+}
+
+}  // namespace
+
+double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double eps) {
+    const double r = std::fabs(target * eps);
+    auto g = [&](double x) { return f(fixed, x) - target; };
+    double fa = g(a);
+    if (std::fabs(fa) < r) return a;
+    double fb = g(b);
+    if (std::fabs(fb) < r) return b;
+    for (int step = 1; step <= max_steps; ++step) {
+        if (std::fabs(a - b) < std::fabs(a) * eps) return (a + b) * 0.5;
+        const double x = a - (a - b) * fa / (fa - fb);
+        const double fx = g(x);
+        if (std::fabs(fx) < r) return x;
+        if (fa * fx >= 0.0) {
+            const double m = (x + b) * 0.5;
+            const double fm = g(m);
+            if (fb * fm >= 0.0) {
+                a = x;
+                fa = fx;
+                b = m;
+                fb = fm;
+            } else {
+                a = m;
+                fa = fm;
+            }
+        } else {
+            const double m = (x + a) * 0.5;
+            const double fm = g(m);
+            if (fa * fm >= 0.0) {
+                a = m;
+                fa = fm;
+                b = x;
+                fb = fx;
+            } else {
+                b = m;
+                fb = fm;
+            }
+        }
+    }
+    warn_iterations("PWS_I1");
+    // Intended: after the last step the result is 0, not the last estimate.
+    return 0.0;
+}
+
+double pws_i2(Func2 f, double fixed, double target, double& a, double& b, double eps) {
+    auto g = [&](double x) { return f(x, fixed) - target; };
+    return solve_i2(g, a, b, std::fabs(target * eps), eps, false, true, false);
+}
+
+double pws_i3(Func3 f, double fixed, double target, double& a, double& b, double eps) {
+    auto g = [&](double x) { return f(x, fixed, eps) - target; };
+    return solve_i2(g, a, b, std::fabs(target * eps), eps, true, false, true);
+}
+
+double pws_it(double p) {
+    if (p > crit_p || p < p_min) pwser("PWS_IT", 1, p, 0.0);
+    const double r = std::fabs(p * it_tol);
+    double last = 0.0;
+    auto g = [&](double t) {
+        if (t > crit_t) {
+            pwser("PWS_IT", 2, t, 0.0);
+            return last;  // not evaluated: the residual of the last evaluation stands
+        }
+        last = pws_pt(t) - p;  // t is not above 374.15 here: pws_pt adds no report
+        return last;
+    };
+    double a = it_low;
+    double b = crit_t;
+    return solve_i2(g, a, b, r, it_tol, true, false, true);
+}
+
+void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, double& xb,
+            double& ya, double& yb, double eps) {
+    const double tol = std::fabs(target1 * eps);
+    const double eps_in = std::pow(eps, inner_power);
+    const double tol_in = std::fabs(target2 * eps_in);
+    const double x_low = xa;
+    const double x_high = xb;
+    // Inner problem: x with f2(x, y) = target2, restarted from the caller's ends.
+    auto inner = [&](double y) {
+        double a = x_low;
+        double b = x_high;
+        auto g = [&](double x) { return f2(x, y) - target2; };
+        return solve_i2(g, a, b, tol_in, eps_in, false, true, false);
+    };
+    double x_last = inner(ya);
+    double ga = f1(x_last, ya) - target1;
+    double x_at_b = inner(yb);
+    double gb = f1(x_at_b, yb) - target1;
+    double y_last = ya;
+    if (std::fabs(ga) < tol) {
+        xa = xb = x_last;
+        ya = yb = y_last;
+        return;
+    }
+    x_last = x_at_b;
+    y_last = yb;
+    auto outer = [&](double y, double& x) {
+        x = inner(y);
+        return f1(x, y) - target1;
+    };
+    for (int step = 1;; ++step) {
+        if (std::fabs(ya - yb) < std::fabs(ya) * eps) break;
+        const double y = ya - (ya - yb) * ga / (ga - gb);
+        double x = 0.0;
+        const double g = outer(y, x);
+        x_last = x;
+        y_last = y;
+        if (std::fabs(g) < tol) break;
+        double x_mid = 0.0;
+        if (ga * g >= 0.0) {
+            const double m = (y + yb) * 0.5;
+            const double gm = outer(m, x_mid);
+            if (gb * gm >= 0.0) {
+                ya = y;
+                ga = g;
+                yb = m;
+                gb = gm;
+            } else {
+                ya = m;
+                ga = gm;
+            }
+        } else {
+            const double m = (y + ya) * 0.5;
+            const double gm = outer(m, x_mid);
+            if (ga * gm >= 0.0) {
+                ya = m;
+                ga = gm;
+                yb = y;
+                gb = g;
+            } else {
+                yb = m;
+                gb = gm;
+            }
+        }
+        if (step >= max_steps) {
+            warn_iterations("PWS_ID");
+            break;
+        }
+    }
+    xa = xb = x_last;
+    ya = yb = y_last;
+}
+
+}  // namespace pws
