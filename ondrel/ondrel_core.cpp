@@ -3,6 +3,7 @@
 // of the requested properties.
 #include "ondrel/ondrel_core.hpp"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "fluiddata/od_fluiddata.hpp"
@@ -29,6 +30,9 @@ struct State {
     double od_input2 = 0.0;  // as given by the caller
     double od_input1 = 0.0;
     std::array<char, 2> od_inputspec{};  // first two characters, blank-padded
+    // The last list of names found in the gas table (spares the table search).
+    std::array<CompName, max_components> known{};
+    std::size_t n_known = 0;
 };
 
 State& state() {
@@ -43,19 +47,14 @@ std::string_view trim_right(std::string_view s) {
 
 enum class Composition { same, changed, unknown };
 
-// The request's mixture against the stored one: count, names and
-// concentrations all equal.
-bool same_mixture(const Mixture& mix) {
-    if (mix.n() != fluiddata::stored_count()) return false;
-    for (int i = 0; i < mix.n(); ++i)
-        if (!(mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1))) return false;
-    // Intended: the stored concentrations are compared but never written (all
-    // 0.0), so only all-zero concentrations pass and ordinary requests solve again.
-    for (int i = 0; i < mix.n(); ++i)
-        if (!(mix.conc[static_cast<std::size_t>(i)] == fluiddata::stored_conc(i + 1))) return false;
+bool equal_names(std::span<const CompName> a, std::span<const CompName> b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (!(a[i] == b[i])) return false;
     return true;
 }
 
+// Names equal to the stored composition's, in count and order.
 bool same_names(const Mixture& mix) {
     if (mix.n() != fluiddata::stored_count()) return false;
     for (int i = 0; i < mix.n(); ++i)
@@ -63,14 +62,36 @@ bool same_names(const Mixture& mix) {
     return true;
 }
 
-// Loads the table once, tests the composition and stores a new list of names.
+// Intended: the stored concentrations are compared but never written (all
+// 0.0), so only all-zero concentrations pass and ordinary requests solve again.
+bool same_concentrations(const Mixture& mix) {
+    for (int i = 0; i < mix.n(); ++i)
+        if (!(mix.conc[static_cast<std::size_t>(i)] == fluiddata::stored_conc(i + 1))) return false;
+    return true;
+}
+
+// Every name is a gas table row. The table does not change once loaded, so a
+// list that passed before passes again and is not searched a second time.
+bool all_known(const Mixture& mix) {
+    State& s = state();
+    if (equal_names(mix.names, std::span<const CompName>(s.known.data(), s.n_known))) return true;
+    for (const CompName& name : mix.names)
+        if (!fluiddata::iscomp(name)) return false;
+    std::copy(mix.names.begin(), mix.names.end(), s.known.begin());
+    s.n_known = mix.names.size();
+    return true;
+}
+
+// Loads the table once, runs the composition test (count, names and
+// concentrations equal to the stored ones), checks a new mixture's names and
+// stores a new list of names.
 Composition select(const Mixture& mix) {
     if (!fluiddata::dbread()) fluiddata::readgas();
-    if (same_mixture(mix)) return Composition::same;
-    for (const CompName& name : mix.names)
-        if (!fluiddata::iscomp(name)) return Composition::unknown;
+    const bool names_stored = same_names(mix);
+    if (names_stored && same_concentrations(mix)) return Composition::same;
+    if (!all_known(mix)) return Composition::unknown;
     // A change of concentrations alone keeps the stored names and table rows.
-    if (!same_names(mix)) fluiddata::storeidx(mix.names);
+    if (!names_stored) fluiddata::storeidx(mix.names);
     return Composition::changed;
 }
 

@@ -66,7 +66,9 @@ struct LastState {
 };
 LastState last_state();
 
-// Test hook: returns the module state to its load-time values (all zero).
+// Test hook: returns the module state to its load-time values (all zero) and
+// forgets which names were found in the gas table; call it whenever the gas
+// table is reset or reloaded.
 void reset_for_tests();
 
 }  // namespace od::ondrel
