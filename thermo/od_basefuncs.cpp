@@ -7,11 +7,12 @@
 #include <string_view>
 
 #include "fluiddata/od_fluiddata.hpp"
+#include "thermo/od_component.hpp"
 
 namespace od::basefuncs {
 namespace {
 
-using Coefs = std::array<double, 7>;
+using component::Coefs;
 
 inline constexpr double sentinel_tolerance = 0.1;
 
@@ -40,29 +41,18 @@ inline constexpr std::array<Density, 8> condensed_density{{
 
 }  // namespace
 
-double cp_0(const CompName& name, double t) {
-    const Coefs a = coefs(name, t);
-    return a[0] + t * (a[1] + t * (a[2] + t * (a[3] + t * a[4])));
-}
+double cp_0(const CompName& name, double t) { return component::cp_of(coefs(name, t), t); }
 
-double h_0(const CompName& name, double t) {
-    const Coefs a = coefs(name, t);
-    // H/(RT) times T: a6 is added unscaled.
-    return t * (a[0] + t * (a[1] / 2.0 + t * (a[2] / 3.0 + t * (a[3] / 4.0 + t * (a[4] / 5.0))))) + a[5];
-}
+double h_0(const CompName& name, double t) { return component::h_of(coefs(name, t), t); }
 
 double s_0(const CompName& name, double p, double t) {
-    const Coefs a = coefs(name, t);
-    const double s = a[0] * std::log(t) + t * (a[1] + t * (a[2] / 2.0 + t * (a[3] / 3.0 + t * (a[4] / 4.0)))) + a[6];
+    const double s = component::s_of(coefs(name, t), t);
     // Condensed species carry no pressure term.
     if (fluiddata::getphase(name) != 'G') return s;
     return s - std::log(p / p_ref);
 }
 
-double dcv_dt_0(const CompName& name, double t) {
-    const Coefs a = coefs(name, t);
-    return a[1] + t * (2.0 * a[2] + t * (3.0 * a[3] + t * (4.0 * a[4])));
-}
+double dcv_dt_0(const CompName& name, double t) { return component::dcp_of(coefs(name, t), t); }
 
 double v_0(double p, double t) { return r_gas * t / p; }
 
@@ -82,3 +72,11 @@ bool isinit(double x) { return std::fabs(x - missing_value) < sentinel_tolerance
 bool isnotinit(double x) { return !isinit(x); }
 
 }  // namespace od::basefuncs
+
+namespace od::component {
+
+double s_of(const Coefs& a, double t) {
+    return a[0] * std::log(t) + t * (a[1] + t * (a[2] / 2.0 + t * (a[3] / 3.0 + t * (a[4] / 4.0)))) + a[6];
+}
+
+}  // namespace od::component

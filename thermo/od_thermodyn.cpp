@@ -6,6 +6,7 @@
 
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_component.hpp"
 #include "thermo/od_h2o.hpp"
 
 namespace od::thermodyn {
@@ -48,29 +49,33 @@ struct Sums {
     double m = 0.0;  // molar mass, kg/mol
 };
 
+// Each component's row is looked up once; term(name, row, c) gives its per-mole value.
 template <class Term>
 Sums mixture_sum(const Mixture& mix, Term term) {
     Sums s;
     for (int i = 0; i < mix.n(); ++i) {
         const CompName& name = mix.names[i];
+        const fluiddata::TableRow* row = component::row_of(name);
         const double c = mix.conc[i];
-        if (c > negligible) s.x += c * term(name, c);
-        s.m += c * fluiddata::getmmol(name);
+        if (c > negligible) s.x += c * term(name, row, c);
+        s.m += c * component::mmol(row);
     }
     return s;
 }
 
+using Row = const fluiddata::TableRow*;
+
 double h_sum(double p, double t, const Mixture& mix, double& m) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::h_h2o(c / gas_fraction(p, t, mix), p, t);
-        return basefuncs::h_0(name, t);
+        return component::h_of(component::coefs(row, t), t);
     });
     m = s.m;
     return s.x;
 }
 
 double v_sum(double p, double t, const Mixture& mix, double& m) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, Row, double c) {
         if (is_water_if(name)) return h2o::v_h2o(c / gas_fraction(p, t, mix), p, t);
         if (fluiddata::getphase(name) == 'G') return basefuncs::v_0(p, t);
         return basefuncs::v_sl(name);
@@ -90,20 +95,22 @@ double h_pt(double p, double t, const Mixture& mix) {
 
 double s_pt(double p, double t, const Mixture& mix) {
     const double g = gas_fraction(p, t, mix);
-    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::s_h2o(c / g, p, t);
+        const double s0 = component::s_of(component::coefs(row, t), t);
+        // Condensed species: no pressure term and no mixing term.
+        if (fluiddata::getphase(name) != 'G') return s0;
         // Mixing entropy from the fraction within the gas phase.
-        if (fluiddata::getphase(name) == 'G') return basefuncs::s_0(name, p, t) - std::log(c / g);
-        return basefuncs::s_0(name, p, t);
+        return s0 - std::log(p / basefuncs::p_ref) - std::log(c / g);
     });
     if (!(s.m > 0.0)) return 0.0;
     return s.x * r_gas / s.m;
 }
 
 double cv_pt(double p, double t, const Mixture& mix) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, double c) {
+    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::cp_h2o(c / gas_fraction(p, t, mix), p, t);
-        return basefuncs::cp_0(name, t);
+        return component::cp_of(component::coefs(row, t), t);
     });
     if (!(s.m > 0.0)) return 0.0;
     // Intended: one R per mole of mixture is subtracted, however much of it is condensed.

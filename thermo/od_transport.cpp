@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "fluiddata/od_fluiddata.hpp"
+#include "thermo/od_component.hpp"
 #include "thermo/od_thermodyn.hpp"
 
 namespace od::transport {
@@ -35,9 +36,11 @@ State& state() {
     return s;
 }
 
-double component_viscosity(double t, const CompName& name, double m) {
-    const double eps = fluiddata::geteps(name);
-    const double sigma = fluiddata::getsigma(name);
+// eta of the component of this table row (nullptr: no row, the getters' marker values).
+double component_viscosity(double t, const fluiddata::TableRow* row) {
+    const double eps = row ? row->eps : missing_value;
+    const double sigma = row ? row->sigma : missing_value;
+    const double m = component::mmol(row);
     if (eps == 0.0 || sigma == 0.0) return 0.0;
     const double ts = t / eps;
     const double omega = omega_a / std::pow(ts, omega_b) + omega_c / std::exp(omega_d * ts) + omega_e / std::exp(omega_f * ts);
@@ -82,13 +85,11 @@ double mix_rule(const Mixture& mix, const double* x, const double* m, bool visco
 
 }  // namespace
 
-double viscosity(double t, const CompName& name) {
-    return component_viscosity(t, name, fluiddata::getmmol(name));
-}
+double viscosity(double t, const CompName& name) { return component_viscosity(t, component::row_of(name)); }
 
 double thermcond(double p, double t, const CompName& name) {
-    const double m = fluiddata::getmmol(name);
-    return component_conductivity(p, t, name, component_viscosity(t, name, m), m);
+    const fluiddata::TableRow* row = component::row_of(name);
+    return component_conductivity(p, t, name, component_viscosity(t, row), component::mmol(row));
 }
 
 double eta_t(double t, const Mixture& mix) {
@@ -96,8 +97,9 @@ double eta_t(double t, const Mixture& mix) {
     std::array<double, max_components> eta;
     std::array<double, max_components> m;
     for (int i = 0; i < mix.n(); ++i) {
-        m[i] = fluiddata::getmmol(mix.names[i]);
-        eta[i] = mix.conc[i] <= negligible ? 0.0 : component_viscosity(t, mix.names[i], m[i]);
+        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
+        m[i] = component::mmol(row);
+        eta[i] = mix.conc[i] <= negligible ? 0.0 : component_viscosity(t, row);
     }
     return mix_rule(mix, eta.data(), m.data(), true);
 }
@@ -107,10 +109,11 @@ double lambda_pt(double p, double t, const Mixture& mix) {
     std::array<double, max_components> lambda;
     std::array<double, max_components> m;
     for (int i = 0; i < mix.n(); ++i) {
-        m[i] = fluiddata::getmmol(mix.names[i]);
+        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
+        m[i] = component::mmol(row);
         lambda[i] = 0.0;
         if (mix.conc[i] <= negligible) continue;
-        const double eta = component_viscosity(t, mix.names[i], m[i]);
+        const double eta = component_viscosity(t, row);
         lambda[i] = component_conductivity(p, t, mix.names[i], eta, m[i]);
     }
     return mix_rule(mix, lambda.data(), m.data(), false);
