@@ -4,6 +4,7 @@
 #pragma once
 #include <array>
 #include <cstddef>
+#include <new>
 #include <span>
 
 #include "fluiddata/od_types.hpp"
@@ -12,14 +13,19 @@
 namespace od {
 
 struct HostMixture {
-    std::array<CompName, max_components> names{};
+    // Room for 250 names of which only the first n are written: the slots
+    // are left unconstructed, sparing a clearing of 250 names on every call.
+    union Slots {
+        Slots() {}
+        CompName items[max_components];
+    } slots;
     std::span<const double> conc;
     int n = -1;  // -1: the count is outside 0..250 or a buffer is missing
 
     bool valid() const { return n >= 0; }
     Mixture mixture() const {
         const std::size_t k = valid() ? static_cast<std::size_t>(n) : 0;
-        return {std::span<const CompName>(names.data(), k), conc.first(k)};
+        return {std::span<const CompName>(slots.items, k), conc.first(k)};
     }
 };
 
@@ -31,8 +37,8 @@ inline HostMixture host_mixture(const int* ncomp, const char* names, std::size_t
     const int n = *ncomp;
     if (n > 0 && (names == nullptr || conc == nullptr)) return m;
     for (int i = 0; i < n; ++i)
-        m.names[static_cast<std::size_t>(i)] =
-            CompName::from(ftn::view(names + static_cast<std::size_t>(i) * name_len, name_len));
+        new (&m.slots.items[i])
+            CompName(CompName::from(ftn::view(names + static_cast<std::size_t>(i) * name_len, name_len)));
     m.conc = n > 0 ? std::span<const double>(conc, static_cast<std::size_t>(n)) : std::span<const double>();
     m.n = n;
     return m;
