@@ -1,6 +1,7 @@
 // IAPWS-IF97 properties of water and steam. Host units throughout: pressure
 // in bar, temperature in degrees Celsius, kJ/kg, kJ/(kg K), m3/kg, kg/m3.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -16,6 +17,10 @@ namespace if97 {
 void if97_main(char code1, double value1, char code2, double value2,
                std::string_view properties, std::span<double> results,
                std::string& message);
+
+// Number of names in a property list (names separated by commas, the list
+// ending at the first full stop): the room results needs.
+std::size_t property_count(std::string_view properties);
 
 // Library version as four numbers: major, minor, patch, build.
 void getversion(std::int32_t& major, std::int32_t& minor, std::int32_t& patch,

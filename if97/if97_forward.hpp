@@ -1,0 +1,60 @@
+// Forward equations of IAPWS-IF97. Formulation units: p in MPa, T in K,
+// rho in kg/m3, v in m3/kg, h and u in kJ/kg, s, cp, cv in kJ/(kg K), w in
+// m/s. None checks its range of validity; the callers in if97_state do.
+#pragma once
+#include "if97/if97_series.hpp"
+
+namespace if97 {
+
+// Properties of one phase at one state. alpha is the isobaric expansion
+// coefficient (1/K), kappa the isothermal compressibility (1/MPa); with cp
+// and cv they give every first derivative the iterations need.
+struct Properties {
+    double p = 0.0;
+    double t = 0.0;
+    double rho = 0.0;
+    double v = 0.0;
+    double h = 0.0;
+    double u = 0.0;
+    double s = 0.0;
+    double cp = 0.0;
+    double cv = 0.0;
+    double w = 0.0;
+    double alpha = 0.0;
+    double kappa = 0.0;
+};
+
+// Properties from a dimensionless Gibbs energy gamma(pi, tau) with pi = p/p*
+// and tau = T*/T: the series holds gamma and its derivatives (a = pi,
+// b = tau).
+Properties from_gibbs(const Series& gamma, double pi, double tau, double p, double t);
+
+// Region 1 (compressed liquid), from (p, T).
+Properties region1(double p, double t);
+// Region 2 (vapour), from (p, T).
+Properties region2(double p, double t);
+// Metastable-vapour equation of region 2 (supersaturated vapour, p <= 10 MPa),
+// from (p, T).
+Properties region2_metastable(double p, double t);
+// Region 3, from (rho, T).
+Properties region3(double rho, double t);
+// Region 5 (high-temperature steam), from (p, T).
+Properties region5(double p, double t);
+
+// Saturation pressure from temperature (273.15 K to 647.096 K), MPa.
+double psat(double t);
+// Saturation temperature from pressure (611.213 Pa to 22.064 MPa), K.
+double tsat(double p);
+
+// Boundary between regions 2 and 3: pressure from temperature, MPa.
+double p_b23(double t);
+// Boundary between regions 2 and 3: temperature from pressure, K.
+double t_b23(double p);
+
+// Enthalpy of a derived property relation: first derivatives of h and s
+// with respect to T and p along the other variable, from one phase's
+// properties (kJ/(kg K), kJ/(kg MPa), kJ/(kg K MPa)).
+inline double dh_dp_t(const Properties& st) { return st.v * (1.0 - st.t * st.alpha) * 1000.0; }
+inline double ds_dp_t(const Properties& st) { return -st.v * st.alpha * 1000.0; }
+
+}  // namespace if97

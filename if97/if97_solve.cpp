@@ -1,0 +1,408 @@
+#include "if97/if97_solve.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "if97/if97_backward.hpp"
+#include "if97/if97_constants.hpp"
+#include "if97/if97_roots.hpp"
+
+namespace if97 {
+
+namespace {
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+// Newton iterations stop when the residual is below this fraction of the
+// quantity's scale; brackets stop at this relative width.
+constexpr double rel_tol = 1e-12;
+constexpr double bracket_rel_tol = 1e-13;
+constexpr int newton_max_iter = 200;
+// Every this many Newton steps one bisection step guarantees progress.
+constexpr int bisect_every = 4;
+constexpr int fast_newton_max_iter = 8;
+// A backward temperature this far (K) from a region boundary is taken as
+// naming the region; the Newton result is checked against the boundary.
+constexpr double backward_margin = 0.5;
+// Sub-intervals scanned for a sign change along an isotherm, where h and s
+// need not be monotonic in p.
+constexpr int isotherm_scan = 8;
+// Values standing in for an out-of-range state in the isochore search:
+// only their sign matters.
+constexpr double too_hot = 1e10;
+constexpr double too_cold = -1e10;
+
+enum class Quantity { h, s, u, v };
+
+double value(const Properties& st, Quantity q) {
+    switch (q) {
+        case Quantity::h: return st.h;
+        case Quantity::s: return st.s;
+        case Quantity::u: return st.u;
+        case Quantity::v: return st.v;
+    }
+    return nan;
+}
+
+// d(quantity)/dT at constant p.
+double slope_t(const Properties& st, Quantity q) {
+    switch (q) {
+        case Quantity::h: return st.cp;
+        case Quantity::s: return st.cp / st.t;
+        case Quantity::u: return st.cp - st.p * st.v * st.alpha * kj_per_mpa_m3;
+        case Quantity::v: return st.v * st.alpha;
+    }
+    return nan;
+}
+
+double t_upper(double p) { return p <= p_max_region5 ? t_max_region5 : t_max_region2; }
+double p_upper(double t) { return t <= t_max_region2 ? p_max : p_max_region5; }
+
+bool converged(double r, double target, double slope_x) {
+    return std::fabs(r) <= rel_tol * (std::fabs(target) + std::fabs(slope_x));
+}
+
+StateResult failure(Error e) {
+    StateResult r;
+    r.error = e;
+    return r;
+}
+
+// Newton in T with one Gibbs region along an isobar; empty when it leaves
+// [lo, hi] or does not converge within a few steps.
+template <class Region>
+std::optional<Properties> newton_region(Region region, double p, double target, Quantity q,
+                                        double t, double lo, double hi) {
+    for (int iter = 0; iter < fast_newton_max_iter; ++iter) {
+        if (!(t >= lo && t <= hi)) return std::nullopt;
+        const Properties st = region(p, t);
+        const double slope = slope_t(st, q);
+        const double r = value(st, q) - target;
+        if (converged(r, target, slope * t)) return st;
+        t -= r / slope;
+    }
+    return std::nullopt;
+}
+
+// Root in T of quantity(p, T) = target on [lo, hi], where the quantity rises
+// with T and takes the values qlo, qhi at the ends. Newton from t0 (or from
+// linear interpolation), kept inside a shrinking bracket.
+StateResult solve_isobar_segment(double p, double target, Quantity q, double lo, double hi,
+                                 double qlo, double qhi, double t0) {
+    if (target == qlo || target == qhi) {
+        // The caller evaluates its ends itself; landing on one is rare.
+        const double t = target == qlo ? lo : hi;
+        return state_pt(p, t);
+    }
+    double a = lo;
+    double b = hi;
+    double t = (t0 > a && t0 < b) ? t0 : a + (target - qlo) / (qhi - qlo) * (b - a);
+    if (!(t > a && t < b)) t = 0.5 * (a + b);
+    for (int iter = 0; iter < newton_max_iter; ++iter) {
+        StateResult r = state_pt(p, t);
+        if (r.error != Error::none) return r;
+        const Properties& st = r.state.props;
+        const double f = value(st, q) - target;
+        const double slope = slope_t(st, q);
+        if (converged(f, target, slope * t)) return r;
+        if (f < 0.0) {
+            a = t;
+        } else {
+            b = t;
+        }
+        if (b - a <= bracket_rel_tol * b) return r;
+        double next = t - f / slope;
+        if (!(next > a && next < b) || iter % bisect_every == bisect_every - 1) next = 0.5 * (a + b);
+        t = next;
+    }
+    return failure(Error::no_convergence);
+}
+
+// Temperature of maximum density of the liquid at p, or t_min when the
+// liquid expands on heating already at t_min.
+double t_max_density(double p) {
+    const StateResult cold = state_pt(p, t_min);
+    if (cold.error != Error::none || cold.state.props.alpha >= 0.0) return t_min;
+    auto alpha = [p](double t) { return region1(p, t).alpha; };
+    const double hi = 300.0;
+    const double t = brent(alpha, t_min, hi, cold.state.props.alpha, alpha(hi), 1e-10);
+    return std::isnan(t) ? t_min : t;
+}
+
+// Start temperature from the backward equations for (p, h) and (p, s).
+struct Backward {
+    double (*region1)(double, double);
+    double (*region2)(double, double);
+    double (*region3)(double, double);
+};
+
+StateResult solve_isobar(double p, double target, Quantity q, const Backward* backward) {
+    if (!std::isfinite(p) || !std::isfinite(target)) return failure(Error::not_finite);
+    if (p < p_min) return failure(Error::p_below_min);
+    if (p > p_max) return failure(Error::p_above_max);
+    if (q == Quantity::v && !(target > 0.0)) return failure(Error::v_not_positive);
+
+    const bool has_saturation = p >= psat_min() && p < critical_pressure;
+    const double ts = has_saturation ? tsat(p) : nan;
+    double t0 = nan;
+    if (backward != nullptr) {
+        // Fast paths: regions 1 and 2 named by their backward temperature,
+        // refined by Newton on the forward equation alone.
+        const double t_liquid_top = p <= psat_623() ? ts : t_region13;
+        const double t1 = backward->region1(p, target);
+        if (t1 < t_liquid_top - backward_margin) {
+            const auto st = newton_region(region1, p, target, q, t1, t_min, t_liquid_top);
+            if (st) return StateResult{State{1, 0.0, *st}, Error::none};
+        }
+        const double t_vapour_bottom =
+            p < psat_min() ? t_min : (p <= psat_623() ? ts : t_b23(p));
+        const double t2 = backward->region2(p, target);
+        if (t2 > t_vapour_bottom + backward_margin && t2 < t_max_region2) {
+            const auto st = newton_region(region2, p, target, q, t2, t_vapour_bottom, t_max_region2);
+            if (st) return StateResult{State{2, 1.0, *st}, Error::none};
+        }
+        if (p > psat_623()) t0 = backward->region3(p, target);
+    }
+
+    double lo = q == Quantity::v ? t_max_density(p) : t_min;
+    double hi = t_upper(p);
+    double qlo;
+    double qhi;
+    if (has_saturation) {
+        const Saturation sat = saturation(p, ts);
+        if (!sat.ok) return failure(Error::no_convergence);
+        const double ql = value(sat.liquid, q);
+        const double qv = value(sat.vapour, q);
+        if (target >= ql && target <= qv) {
+            return StateResult{mixture(sat, (target - ql) / (qv - ql)), Error::none};
+        }
+        if (target < ql) {
+            hi = ts;
+            qhi = ql;
+            const StateResult end = state_pt(p, lo);
+            if (end.error != Error::none) return end;
+            qlo = value(end.state.props, q);
+        } else {
+            lo = ts;
+            qlo = qv;
+            const StateResult end = state_pt(p, hi);
+            if (end.error != Error::none) return end;
+            qhi = value(end.state.props, q);
+        }
+    } else {
+        const StateResult a = state_pt(p, lo);
+        const StateResult b = state_pt(p, hi);
+        if (a.error != Error::none) return a;
+        if (b.error != Error::none) return b;
+        qlo = value(a.state.props, q);
+        qhi = value(b.state.props, q);
+    }
+    if (target < qlo) return failure(Error::t_below_min);
+    if (target > qhi) return failure(Error::t_above_max);
+    return solve_isobar_segment(p, target, q, lo, hi, qlo, qhi, t0);
+}
+
+const Backward backward_ph{backward::t_ph_region1, backward::t_ph_region2, backward::t_ph_region3};
+const Backward backward_ps{backward::t_ps_region1, backward::t_ps_region2, backward::t_ps_region3};
+
+// Region 3 straight from (rho, T) when the state is a stable region-3
+// state; empty otherwise.
+std::optional<State> region3_direct(double t, double v) {
+    if (t < t_region13 || t > t_b23(p_max)) return std::nullopt;
+    const Properties st = region3(1.0 / v, t);
+    Error e;
+    if (!(st.kappa > 0.0) || region_pt(st.p, t, e) != 3) return std::nullopt;
+    if (t < critical_temperature) {
+        const bool liquid = st.rho > critical_density;
+        if (liquid != (st.p >= psat(t))) return std::nullopt;
+    }
+    return State{3, st.rho > critical_density ? 0.0 : 1.0, st};
+}
+
+// Root in ln p of quantity(p, T) = target over [ln a, ln b] with known end
+// values, scanning `parts` sub-intervals for the first sign change.
+std::optional<double> scan_isotherm(double t, double target, Quantity q, double a, double b,
+                                    double qa, double qb, int parts) {
+    auto f = [t, target, q](double lnp) {
+        const StateResult r = state_pt(std::exp(lnp), t);
+        return r.error == Error::none ? value(r.state.props, q) - target : nan;
+    };
+    const double la = std::log(a);
+    const double lb = std::log(b);
+    double x0 = la;
+    double f0 = qa - target;
+    for (int k = 1; k <= parts; ++k) {
+        const double x1 = k == parts ? lb : la + (lb - la) * k / parts;
+        const double f1 = k == parts ? qb - target : f(x1);
+        if (std::isnan(f1)) return std::nullopt;
+        if (f0 == 0.0) return k == 1 ? a : std::exp(x0);
+        if ((f0 < 0.0) != (f1 < 0.0) || f1 == 0.0) {
+            if (f1 == 0.0 && k == parts) return b;
+            const double x = brent(f, x0, x1, f0, f1, bracket_rel_tol);
+            if (std::isnan(x)) return std::nullopt;
+            return std::clamp(std::exp(x), a, b);
+        }
+        x0 = x1;
+        f0 = f1;
+    }
+    return std::nullopt;
+}
+
+StateResult solve_isotherm(double t, double target, Quantity q) {
+    if (!std::isfinite(t) || !std::isfinite(target)) return failure(Error::not_finite);
+    if (t < t_min) return failure(Error::t_below_min);
+    if (t > t_max_region5) return failure(Error::t_above_max);
+    if (q == Quantity::v) {
+        if (!(target > 0.0)) return failure(Error::v_not_positive);
+        if (const auto st = region3_direct(t, target)) return StateResult{*st, Error::none};
+    }
+    const int parts = q == Quantity::v ? 1 : isotherm_scan;
+    const double top = p_upper(t);
+    const StateResult low_end = state_pt(p_min, t);
+    if (low_end.error != Error::none) return low_end;
+    const double q_low = value(low_end.state.props, q);
+    std::optional<double> p;
+    if (t < critical_temperature) {
+        const double ps = psat(t);
+        const Saturation sat = saturation(ps, t);
+        if (!sat.ok) return failure(Error::no_convergence);
+        const double ql = value(sat.liquid, q);
+        const double qv = value(sat.vapour, q);
+        const StateResult high_end = state_pt(top, t);
+        if (high_end.error != Error::none) return high_end;
+        p = scan_isotherm(t, target, q, ps, top, ql, value(high_end.state.props, q), parts);
+        if (!p && (target - ql) * (target - qv) <= 0.0 && ql != qv) {
+            return StateResult{mixture(sat, (target - ql) / (qv - ql)), Error::none};
+        }
+        if (!p) p = scan_isotherm(t, target, q, p_min, ps, q_low, qv, parts);
+    } else {
+        const StateResult high_end = state_pt(top, t);
+        if (high_end.error != Error::none) return high_end;
+        p = scan_isotherm(t, target, q, p_min, top, q_low, value(high_end.state.props, q), parts);
+    }
+    if (!p) {
+        // Along an isotherm h, s and v all fall towards high pressure.
+        return failure(target > q_low ? Error::p_below_min : Error::p_above_max);
+    }
+    return state_pt(*p, t);
+}
+
+StateResult solve_isochore(double v, double target, Quantity q) {
+    if (!std::isfinite(v) || !std::isfinite(target)) return failure(Error::not_finite);
+    if (!(v > 0.0)) return failure(Error::v_not_positive);
+    Error last = Error::none;
+    auto f = [v, target, q, &last](double t) {
+        const StateResult r = solve_isotherm(t, v, Quantity::v);
+        if (r.error == Error::none) return value(r.state.props, q) - target;
+        last = r.error;
+        if (r.error == Error::p_above_max) return too_hot;
+        if (r.error == Error::p_below_min) return too_cold;
+        return nan;
+    };
+    const double f_lo = f(t_min);
+    if (f_lo > 0.0) return failure(f_lo == too_hot ? Error::p_above_max : Error::t_below_min);
+    const double f_hi = f(t_max_region5);
+    if (f_hi < 0.0) return failure(f_hi == too_cold ? Error::p_below_min : Error::t_above_max);
+    const double t = brent(f, t_min, t_max_region5, f_lo, f_hi, bracket_rel_tol * t_max_region5);
+    if (std::isnan(t)) return failure(last == Error::none ? Error::no_convergence : last);
+    StateResult r = solve_isotherm(t, v, Quantity::v);
+    if (r.error != Error::none) return r;
+    const double scale = std::fabs(target) + std::fabs(slope_t(r.state.props, q)) * t + 1.0;
+    if (std::fabs(value(r.state.props, q) - target) > 1e-9 * scale) {
+        return failure(last == Error::none ? Error::no_convergence : last);
+    }
+    return r;
+}
+// Start pressure for (h, s) from the backward equations, the region chosen
+// by the h(s) boundaries; only the speed of the iteration depends on it.
+double start_p_hs(double h, double s) {
+    constexpr double s_liquid_623 = 3.778281340;  // s' at 623.15 K
+    constexpr double s_b13_low = 3.397782955;
+    constexpr double s_b23_low = 5.048096828;
+    constexpr double s_vapour_623 = 5.210887825;  // s'' at 623.15 K
+    constexpr double s_2bc = 5.85;
+    constexpr double s_vapour_max = 9.155759395;  // s'' at 273.15 K
+    double p = nan;
+    if (s >= s_vapour_623 && s <= s_vapour_max &&
+        h <= (s >= s_2bc ? backward::h_2ab_vapour_s(s) : backward::h_2c3b_vapour_s(s))) {
+        p = psat(backward::tsat_hs(h, s));
+    } else if (s < s_b13_low || (s < s_liquid_623 && h <= backward::h_b13_s(s))) {
+        p = backward::p_hs_region1(h, s);
+    } else if (s < s_b23_low) {
+        p = backward::p_hs_region3(h, s);
+    } else {
+        p = backward::p_hs_region2(h, s);
+    }
+    constexpr double fallback = 1.0;  // MPa
+    return (p >= p_min && p <= p_max) ? p : fallback;
+}
+}  // namespace
+
+// Newton in p on h(p, s) = h: along an isentrope dh/dp = v, in one phase
+// and in a mixture alike, so h rises with p and the root is unique.
+StateResult state_hs(double h, double s) {
+    if (!std::isfinite(h) || !std::isfinite(s)) return failure(Error::not_finite);
+    double a = p_min;
+    double b = p_max;
+    double p = start_p_hs(h, s);
+    Error last = Error::none;
+    // Closest state found: a root on the boundary of the range is reached
+    // only from inside, as the bracket closes on it.
+    StateResult best = failure(Error::no_convergence);
+    double best_f = std::numeric_limits<double>::infinity();
+    for (int iter = 0; iter < newton_max_iter; ++iter) {
+        StateResult r = state_ps(p, s);
+        double next;
+        if (r.error != Error::none) {
+            // No state of this entropy at p: too hot a state lies beyond
+            // the upper temperature limit, so p must fall.
+            last = r.error;
+            if (r.error == Error::t_above_max) {
+                b = p;
+            } else {
+                a = p;
+            }
+            next = std::sqrt(a * b);
+        } else {
+            const double f = r.state.props.h - h;
+            const double slope = r.state.props.v * kj_per_mpa_m3;
+            if (converged(f, h, slope * p)) return r;
+            if (std::fabs(f) < best_f) {
+                best_f = std::fabs(f);
+                best = r;
+            }
+            if (f < 0.0) {
+                a = p;
+                last = Error::p_above_max;
+            } else {
+                b = p;
+                last = Error::p_below_min;
+            }
+            next = p - f / slope;
+            if (!(next > a && next < b)) next = std::sqrt(a * b);
+        }
+        if (b - a <= bracket_rel_tol * b) break;
+        p = next;
+    }
+    if (best.error == Error::none &&
+        best_f <= 1e3 * rel_tol * (std::fabs(h) + best.state.props.v * kj_per_mpa_m3 * best.state.props.p)) {
+        return best;
+    }
+    return failure(last == Error::none ? Error::no_convergence : last);
+}
+
+StateResult state_ph(double p, double h) { return solve_isobar(p, h, Quantity::h, &backward_ph); }
+StateResult state_ps(double p, double s) { return solve_isobar(p, s, Quantity::s, &backward_ps); }
+StateResult state_pu(double p, double u) { return solve_isobar(p, u, Quantity::u, nullptr); }
+StateResult state_pv(double p, double v) { return solve_isobar(p, v, Quantity::v, nullptr); }
+
+StateResult state_th(double t, double h) { return solve_isotherm(t, h, Quantity::h); }
+StateResult state_ts(double t, double s) { return solve_isotherm(t, s, Quantity::s); }
+StateResult state_tv(double t, double v) { return solve_isotherm(t, v, Quantity::v); }
+
+StateResult state_vh(double v, double h) { return solve_isochore(v, h, Quantity::h); }
+StateResult state_vs(double v, double s) { return solve_isochore(v, s, Quantity::s); }
+StateResult state_vu(double v, double u) { return solve_isochore(v, u, Quantity::u); }
+
+}  // namespace if97
