@@ -110,8 +110,10 @@ Terms2 evaluate(double p, double t) {
         sigma -= b * bmu * n1[m];
         ztt -= b * b * bmu * n2[m];
     }
+    const double inv_be = 1.0 / be;
+    double bp = inv_be * inv_be * inv_be;  // beta^(2 - mu), from beta^-3
     for (std::size_t m = 6; m <= 8; ++m) {
-        const double bp = std::pow(be, 2.0 - static_cast<double>(m));  // beta^(2 - mu)
+        bp *= inv_be;
         const double mm = bp + d0[m];
         chi -= static_cast<double>(m - 2) * bp / be * n0[m] / (mm * mm);
         eps -= (n0[m] + b * th * n1[m] - b * th * n0[m] * d1[m] / mm) / mm;
@@ -124,7 +126,12 @@ Terms2 evaluate(double p, double t) {
 
     const double bl = pws_cl(t);
     const double blp = pws_cl_slope(t);
-    const double rr = std::pow(be / bl, 10);
+    const auto tenth = [](double x) {
+        const double x2 = x * x;
+        const double x4 = x2 * x2;
+        return x4 * x4 * x2;
+    };
+    const double rr = tenth(be / bl);
     double s9 = 0.0, s9p = 0.0, s9pp = 0.0, e9 = 0.0, g9 = 0.0;
     for (std::size_t l = 0; l < coef_b9.size(); ++l) {
         const double v = coef_b9[l] * xp[l];
@@ -138,10 +145,10 @@ Terms2 evaluate(double p, double t) {
     chi += 11.0 * rr * s9;
     eps += be * rr * e9;
     sigma += be * rr * g9;
-    const double f = std::pow(bl, -10);
+    const double f = 1.0 / tenth(bl);
     const double fp = -10.0 * f / bl * blp;
     const double fpp = 110.0 * f / (bl * bl) * blp * blp - 10.0 * f / bl * pws_cl_record.dl2;
-    ztt += std::pow(be, 11) * (fpp * s9 + 2.0 * fp * (-b * s9p) + f * b * b * s9pp);
+    ztt += be * tenth(be) * (fpp * s9 + 2.0 * fp * (-b * s9p) + f * b * b * s9pp);
 
     r.chi = chi;
     r.eps = eps;
