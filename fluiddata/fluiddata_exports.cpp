@@ -12,7 +12,10 @@ namespace {
 
 namespace fd = od::fluiddata;
 
-od::CompName name_of(const char* text, std::size_t len) { return od::CompName::from(ftn::view(text, len)); }
+// A missing text (null pointer) is an empty name.
+od::CompName name_of(const char* text, std::size_t len) {
+    return text == nullptr ? od::CompName::from("") : od::CompName::from(ftn::view(text, len));
+}
 
 }  // namespace
 
