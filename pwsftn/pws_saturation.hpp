@@ -9,8 +9,8 @@ namespace pws {
 
 // The package's constants record, in its fixed order (read-only).
 inline constexpr std::array<double, 33> pws_lc{
-    1.041659047737673E-8,   // 1  reduced internal energy offset of the triple-point liquid
-    -1.592682542006834E-6,  // 2  reduced entropy offset of the triple-point liquid
+    1.041659047737673E-8,   // 1  about -u/(pc vc) of the triple-point liquid (kept, not applied:
+    -1.592682542006834E-6,  // 2  about s/(pc vc/Tc) of it; the equations are used without offsets)
     221.2,                  // 3  critical pressure, bar
     0.00317,                // 4  critical specific volume, m3/kg
     647.3,                  // 5  critical temperature, K
