@@ -67,6 +67,7 @@ double v_sl(const CompName& name) {
     return fluiddata::getmmol(name) / rho;
 }
 
+// Intended: values within 0.1 of the marker, such as -8888.75, count as the marker.
 bool isinit(double x) { return std::fabs(x - missing_value) < sentinel_tolerance; }
 
 bool isnotinit(double x) { return !isinit(x); }

@@ -5,7 +5,8 @@
 
 namespace od::basefuncs {
 
-inline constexpr double r_gas = 8.3143;       // J/(mol K); the model is consistent with this value
+// Intended: the shortened gas constant; the whole mixture model is consistent with it.
+inline constexpr double r_gas = 8.3143;       // J/(mol K)
 inline constexpr double p_ref = 101325.0;     // Pa, reference pressure of entropies
 
 double cp_0(const CompName& name, double t);             // cp/R

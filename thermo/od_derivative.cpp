@@ -12,7 +12,7 @@ const CompName water_if = CompName::from("H2O(IF)");
 const CompName water = CompName::from("H2O");
 }  // namespace
 
-// The pressure derivatives have no guard on M or t: M = 0 gives 0, t = 0 divides by zero.
+// Intended: no guard on M or t; M = 0 gives 0 and t = 0 divides by zero.
 double dp_dt(double p, double t) { return p / t; }
 
 double dp_dv(double p, double t, const Mixture& mix) { return -(p * p / (r_gas * t)) * mixinfo::mmol(mix); }
@@ -32,7 +32,7 @@ double d2p_dtdv(double p, double t, const Mixture& mix) {
 
 double dcv_dt(double t, const Mixture& mix) {
     double sum = 0.0;
-    // Every component counts here, without the concentration threshold of the state sums.
+    // Intended: every component counts here, without the threshold of the state sums.
     for (int i = 0; i < mix.n(); ++i) {
         const CompName& name = mix.names[i] == water_if ? water : mix.names[i];
         sum += mix.conc[i] * basefuncs::dcv_dt_0(name, t);

@@ -51,7 +51,7 @@ struct Saved {
 
 struct State {
     Saved h, s, cp;
-    std::string errmsg;        // the adapter's last message; read by nobody
+    std::string errmsg;        // Intended: the adapter's last message is kept but read by nobody.
     double calcval = 0.0;      // last result of the gateway
     char inputspec[2] = {' ', ' '};
 };
@@ -120,6 +120,7 @@ double condensed(const Quantity& q, double p, double t, double f, double p_sat, 
 // Vapour value at the partial pressure p_h2o (the gas-table terms at the total pressure p).
 template <class Conv>
 double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) {
+    // Intended: the gas-table vapour terms take the total pressure, not the partial one.
     if (t < t_triple) return q.db(water, p, t);
     if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
         return conv(h2o('P', s.p_h2o, 'X', 1.0, q.prop));
@@ -129,6 +130,7 @@ double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) 
 
 // h/R or s/R of the water; sv holds the function's saved values.
 double energy_like(const Quantity& q, Saved& sv, double xw, double p, double t) {
+    // Intended: the reference correction is computed once, on the first call, and never again.
     if (sv.first) {
         sv.r_h2o = r_gas / fluiddata::getmmol(water);
         sv.corr = q.db(water, p_reference, t_reference) - h2o('P', p_reference, 'T', t_reference, q.prop) / sv.r_h2o;
@@ -150,6 +152,7 @@ double h2o(char code1, double value1, char code2, double value2, std::string_vie
     State& st = state();
     double result;
     if (code1 == 'T' && code2 == 'X') {
+        // Intended: a temperature of 0 K or less is evaluated at 1 K.
         const double t = value1 <= 0.0 ? 1.0 : value1;
         if (t > t_crit) {
             st.calcval = missing_value;

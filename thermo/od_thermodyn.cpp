@@ -27,6 +27,7 @@ double gas_fraction_raw(double p, double t, const Mixture& mix) {
         if (fluiddata::getphase(mix.names[i]) == 'G') g += mix.conc[i];
     for (int i = 0; i < mix.n(); ++i) {
         const double y = mix.conc[i];
+        // Intended: only the first present "H2O(IF)" entry sets y, however often it is listed.
         if (!is_water_if(mix.names[i]) || !(y > negligible)) continue;
         const double psat = h2o::h2o('T', t, 'X', 0.0, "P.");
         // The dry gas keeps just enough vapour to make its fraction psat/p.
@@ -65,6 +66,7 @@ Sums mixture_sum(const Mixture& mix, Term term) {
 
 using Row = const fluiddata::TableRow*;
 
+// The gas fraction is formed afresh at every "H2O(IF)" entry; it is the same each time.
 double h_sum(double p, double t, const Mixture& mix, double& m) {
     const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::h_h2o(c / gas_fraction(p, t, mix), p, t);

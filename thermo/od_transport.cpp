@@ -52,6 +52,7 @@ double component_conductivity(double p, double t, const CompName& name, double e
     st.name = name;
     st.conc = 1.0;
     const Mixture alone{std::span<const CompName>(&st.name, 1), std::span<const double>(&st.conc, 1)};
+    // Intended: cv is evaluated even when eta is 0.
     const double cv = thermodyn::cv_pt(p, t, alone);
     return (eta / m) * (m * cv + eucken);
 }
