@@ -9,6 +9,7 @@
 
 #include "if97/if97_backward.hpp"
 #include "if97/if97_backward_terms.hpp"
+#include "if97/if97_constants.hpp"
 
 namespace if97::backward {
 
@@ -68,13 +69,11 @@ constexpr double t3uv[] = {0.528199646263062e3, 0.890579602135307e1, -0.22281413
 // IAPWS SR5-05, equation 3: the straight line T3ef(p) through the critical
 // point, slope dT/dp in K/MPa.
 constexpr double t3ef_slope = 3.727888004;
-constexpr double p_crit = 22.064;   // MPa
-constexpr double t_crit = 647.096;  // K
 }  // namespace
 
 double t_3ab_p(double p) { return log_sum(t3ab, p); }
 double t_3cd_p(double p) { return poly(t3cd, p); }
-double t_3ef_p(double p) { return t3ef_slope * (p - p_crit) + t_crit; }
+double t_3ef_p(double p) { return t3ef_slope * (p - critical_pressure) + critical_temperature; }
 double t_3gh_p(double p) { return poly(t3gh, p); }
 double t_3ij_p(double p) { return poly(t3ij, p); }
 double t_3jk_p(double p) { return poly(t3jk, p); }
@@ -102,7 +101,7 @@ char near_critical_subregion(double p, double T, double tsat) {
         if (T <= t_3wx_p(p)) return 'w';
         return 'x';
     }
-    if (p > p_crit) {
+    if (p > critical_pressure) {
         if (T <= t_3uv_p(p)) return 'u';
         if (T <= t_3ef_p(p)) return 'y';
         if (T <= t_3wx_p(p)) return 'z';
