@@ -96,6 +96,11 @@ double psl1_slope() { return state().slope; }
 
 namespace {
 
+// Start value of the saturation-temperature iteration: a Chebyshev series in
+// z, which the logarithmic form already maps onto [-1, 1]. A further
+// Fahrenheit-style shift (z - 32) / 1.8 would move z near -18, where the
+// series explodes and the start falls to absolute zero (division by zero in
+// the saturation equation), so the series is evaluated at z itself.
 double tp_start(double p) {
     if (p == crit_p) return crit_t;
     const double z = (std::pow(std::log(tp_series_p / p), tp_series_power) - tp_series_shift) /
