@@ -50,7 +50,7 @@ std::string_view trim_right(std::string_view s) {
     return s;
 }
 
-// Letter k of the two-letter specification; a short text reads as blank.
+// Letter k of the two input letters; a short text reads as blank.
 char spec_letter(std::string_view spec, std::size_t k) { return k < spec.size() ? spec[k] : ' '; }
 
 // Translates the input letters into the module state and returns the values

@@ -1,5 +1,5 @@
 // IAPWS-IF97 water and steam offered in the host's convention: two-letter
-// input specification, host property names, message text. The properties
+// input code, host property names, message text. The properties
 // come from the IF97 library (if97::if97_main); units pass through
 // unchanged: bar, degrees Celsius, m3/kg, kg/m3, kJ/kg, kJ/(kg K), quality.
 #pragma once

@@ -17,7 +17,7 @@
  * kJ/(kg K), vapour quality as a fraction, speed of sound m/s, dynamic
  * viscosity Pa s, thermal conductivity W/(m K), surface tension N/m.
  *
- * Input specification spec (2 characters): the letters of the IF97 library
+ * Input letters spec (2 characters): the letters of the IF97 library
  * ("P", "T", "h", "s", "u", "v", "x"/"X"), plus "d" (density, either
  * position, sent as specific volume 1/value) and "q" (quality, second
  * position only, sent as "x"; a first letter "q" is passed on as it is).
