@@ -1,0 +1,830 @@
+// Inverse routines of the water-and-steam package: the state and its region
+// from an input pair, by searching along the isobar, isotherm, isentrope or
+// isochore through the regions of the formulation.
+#include "pwsftn/pws_inverse.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <string_view>
+
+#include "pwsftn/pws_error.hpp"
+#include "pwsftn/pws_regions.hpp"
+#include "pwsftn/pws_saturation.hpp"
+
+namespace pws {
+namespace {
+
+// Names handed to pwser.
+constexpr std::string_view name_pwsrph = "PWSRPH";
+constexpr std::string_view name_pwsrps = "PWSRPS";
+constexpr std::string_view name_pwsrpu = "PWSRPU";
+constexpr std::string_view name_pwsrpv = "PWSRPV";
+constexpr std::string_view name_pwsrtv = "PWSRTV";
+constexpr std::string_view name_pwsrth = "PWSRTH";
+constexpr std::string_view name_pwsrtu = "PWSRTU";
+constexpr std::string_view name_pwsrts = "PWSRTS";
+constexpr std::string_view name_pwsrhs = "PWSRHS";
+
+// Codes of pwser: tens digit names the first value, units digit the second
+// (1 P, 2 T, 3 H, 4 V, 5 S); a single digit names one value.
+constexpr std::int32_t code_p = 1;
+constexpr std::int32_t code_t = 2;
+constexpr std::int32_t code_ph = 13;
+constexpr std::int32_t code_pv = 14;
+constexpr std::int32_t code_ps = 15;
+constexpr std::int32_t code_th = 23;
+constexpr std::int32_t code_tv = 24;
+constexpr std::int32_t code_ts = 25;
+constexpr std::int32_t code_hs = 35;
+
+// Report lines of the inverse routines (error channel, not counted).
+constexpr std::string_view subregion_can_not = " SUB-REGION CAN NOT BE CALCULATED IN THIS STATE";
+constexpr std::string_view subregion_cannot = " SUB-REGION CANNOT BE CALCULATED IN THIS STATE";
+constexpr std::string_view not_in_wet_region = " POINT IS NOT IN WET-REGION  S=";
+constexpr std::string_view below_critical_point = " POINT IS BELOW CRITICAL POINT  S=";
+constexpr std::string_view label_t = " T=";
+constexpr std::string_view label_h = " H=";
+constexpr std::string_view label_u = " U=";
+constexpr std::string_view label_s = " S=";
+constexpr std::string_view label_x = " X=";
+constexpr int report_width = 16;   // field of each reported value
+constexpr int report_digits = 9;   // digits after the point
+constexpr int scale_one = 1;       // 3.500000000E+02 (SUB-REGION lines)
+constexpr int scale_zero = 0;      // 0.350000000E+03 (POINT lines)
+
+// Region numbers.
+constexpr std::int32_t ireg_liquid = 1;
+constexpr std::int32_t ireg_vapour = 2;
+constexpr std::int32_t ireg_r3_vapour = 3;
+constexpr std::int32_t ireg_r3_liquid = 4;
+constexpr std::int32_t ireg_wet_r3 = 5;
+constexpr std::int32_t ireg_wet = 6;
+constexpr std::int32_t ireg_above_critical = 7;
+constexpr std::int32_t ireg_not_placed = 0;
+
+// Relative widening of the range bounds (as in the bound checks of the
+// common terms).
+constexpr double bound_widening = 1.0E-5;
+// Distance (relative) at which a value in the small gap between two regions
+// of the formulation is given the nearer region's boundary state silently.
+constexpr double region_gap = 1.0E-3;
+// Tolerance of the inner inverse routine in the auxiliary routines when the
+// outer routine asks for a coarser one: the inner state must be finer than
+// the outer residual.
+constexpr double inner_eps_factor = 1.0E-4;
+constexpr int max_steps = 40;
+
+// Region selection boundary between region 2 and region 3: reduced pressure
+// (b2 theta + b1) theta + b0.
+// Intended: 19.313380707 and 15.7473327 differ in their digits from the L
+// function's 19.31380707 and 15.74373327; the selection keeps its own.
+constexpr double sel_b2 = 19.313380707;
+constexpr double sel_b1 = -34.17061978;
+constexpr double sel_b0 = 15.7473327;
+
+// Starting volumes (m3/kg) of the region-3 volume solves, linear in t (C).
+constexpr double liquid_start_slope = 6.0E-5;
+constexpr double liquid_start_offset = -0.01899;
+constexpr double vapour_start_lo_slope = 5.6E-6;
+constexpr double vapour_start_lo_offset = -0.00073;
+constexpr double vapour_start_hi_slope = -2.18E-5;
+constexpr double vapour_start_hi_offset = 0.01545;
+constexpr double sat_liquid_start = 0.00174;
+constexpr double sat_vapour_start_slope = -0.000222;
+constexpr double sat_vapour_start_offset = 0.08611;
+
+// Isochore bracket of pwsrvh, pwsrvs, pwsrvu.
+constexpr double iso_v_liquid = 0.001000223493;   // liquid volume at the lowest state, m3/kg
+constexpr double iso_p_per_v = 2.2851E7;          // bar per m3/kg below that volume
+constexpr double iso_v_vapour = 0.004341059548;   // vapour volume at 1000 bar, 800 C, m3/kg
+constexpr double iso_pv = 4.341059548;            // bar m3/kg: upper pressure times v above it
+constexpr double iso_split = 1.0;                 // bar
+
+bool finite(double a, double b) { return std::isfinite(a) && std::isfinite(b); }
+
+// Relative step off the middle root of a region-3 isotherm.
+constexpr double branch_step = 1.0E-4;
+
+// The region-3 pressure rises with volume at v: the unstable middle branch.
+bool unstable(double v, double t) { return pws_a3(v * (1.0 + branch_step), t) > pws_a3(v, t); }
+
+double widened_lo(double lo) { return lo * (1.0 - bound_widening); }
+double widened_hi(double hi) { return hi * (1.0 + bound_widening); }
+bool outside(double x, double lo, double hi) { return x < widened_lo(lo) || x > widened_hi(hi); }
+
+std::string report_value(double x, int scale) {
+    return fortran_e(x, report_width, report_digits, scale);
+}
+
+void report_subregion(std::string_view text, std::string_view l1, double x1, std::string_view l2,
+                      double x2) {
+    write_record(pwserr().iunit, std::string(text) + std::string(l1) + report_value(x1, scale_one) +
+                                     std::string(l2) + report_value(x2, scale_one));
+}
+
+// ---------------------------------------------------------------------------
+// Properties by region, as functions the iterations can take.
+
+enum class Prop { v, h, s, u };
+
+template <Prop Q>
+double z1(double p, double t) {
+    if constexpr (Q == Prop::v) return pws_c1(p, t);
+    if constexpr (Q == Prop::h) return pws_d1(p, t);
+    if constexpr (Q == Prop::s) return pws_e1(p, t);
+    if constexpr (Q == Prop::u) return pws_f1(p, t);
+}
+template <Prop Q>
+double z2(double p, double t) {
+    if constexpr (Q == Prop::v) return pws_c2(p, t);
+    if constexpr (Q == Prop::h) return pws_d2(p, t);
+    if constexpr (Q == Prop::s) return pws_e2(p, t);
+    if constexpr (Q == Prop::u) return pws_f2(p, t);
+}
+template <Prop Q>
+double z3(double v, double t) {
+    if constexpr (Q == Prop::v) return v;
+    if constexpr (Q == Prop::h) return pws_d3(v, t);
+    if constexpr (Q == Prop::s) return pws_e3(v, t);
+    if constexpr (Q == Prop::u) return pws_f3(v, t);
+}
+
+// The property of a placed state (IREG, a, b); NaN for a state not placed.
+template <Prop Q>
+double state_value(std::int32_t ireg, double a, double b) {
+    switch (ireg) {
+    case ireg_liquid: return z1<Q>(a, b);
+    case ireg_vapour: return z2<Q>(a, b);
+    case ireg_r3_vapour:
+    case ireg_r3_liquid: return z3<Q>(a, b);
+    case ireg_wet_r3: {
+        const SaturatedVolumes sv = saturated_volumes3(pws_pt(b), b);
+        const double zl = z3<Q>(sv.liquid, b);
+        return zl + a * (z3<Q>(sv.vapour, b) - zl);
+    }
+    case ireg_wet: {
+        const double ps = pws_pt(b);
+        const double zl = z1<Q>(ps, b);
+        return zl + a * (z2<Q>(ps, b) - zl);
+    }
+    default: return std::numeric_limits<double>::quiet_NaN();
+    }
+}
+
+// ---------------------------------------------------------------------------
+// Region-3 volume at (p, t): regula falsi with halving from two starting
+// volumes; stops when the pressure matches within eps p or the bracket is
+// narrower than eps times the volume; after 40 steps keeps the last volume.
+double v3_solve(double p, double t, double a, double b, double eps) {
+    // The search stays inside the volumes of region 3, so that trial volumes
+    // of the search are not reported as states out of range.
+    a = std::clamp(a, v3_min, v3_max);
+    b = std::clamp(b, v3_min, v3_max);
+    const double r = std::fabs(p * eps);
+    double fa = pws_a3(a, t) - p;
+    if (std::fabs(fa) < r) return a;
+    double fb = pws_a3(b, t) - p;
+    if (std::fabs(fb) < r) return b;
+    // Starting volumes that do not enclose the root are widened towards it
+    // (pressure falls with volume on both branches): each widening counts
+    // as a step.
+    int step = 0;
+    for (; step < max_steps && fa * fb > 0.0; ++step) {
+        if (a > b) std::swap(a, b), std::swap(fa, fb);
+        const double width = b - a;
+        if (fa < 0.0) {  // both pressures too low: the root lies at a smaller volume
+            if (a <= v3_min) break;
+            b = a, fb = fa;
+            a = std::max(a - width, v3_min);
+            fa = pws_a3(a, t) - p;
+        } else {  // both too high: at a larger volume
+            if (b >= v3_max) break;
+            a = b, fa = fb;
+            b = std::min(b + width, v3_max);
+            fb = pws_a3(b, t) - p;
+        }
+    }
+    double x = b;
+    for (; step < max_steps; ++step) {
+        if (std::fabs(a - b) < std::fabs(a) * eps || fa == fb) return (a + b) * 0.5;
+        x = a - (a - b) * fa / (fa - fb);
+        const double fx = pws_a3(x, t) - p;
+        if (std::fabs(fx) < r) return x;
+        if (fa * fx <= 0.0) {
+            const double m = (x + a) * 0.5;
+            const double fm = pws_a3(m, t) - p;
+            if (fa * fm <= 0.0) {
+                b = m, fb = fm;
+            } else {
+                a = m, fa = fm, b = x, fb = fx;
+            }
+        } else {
+            const double m = (x + b) * 0.5;
+            const double fm = pws_a3(m, t) - p;
+            if (fb * fm <= 0.0) {
+                a = m, fa = fm;
+            } else {
+                a = x, fa = fx, b = m, fb = fm;
+            }
+        }
+    }
+    return x;
+}
+
+double v3_liquid(double p, double t, double eps) {
+    return v3_solve(p, t, liquid_start_slope * t + liquid_start_offset, v3_min, eps);
+}
+
+double v3_vapour(double p, double t, double eps) {
+    return v3_solve(p, t, vapour_start_lo_slope * t + vapour_start_lo_offset,
+                    vapour_start_hi_offset + vapour_start_hi_slope * t, eps);
+}
+
+double reduced_temperature(double t) { return (t + celsius_offset) / crit_tk; }
+
+// Temperature (C) at which the selection boundary reaches p (bar): the root
+// of the quadratic above its vertex (near 300 C).
+double selection_boundary_temperature(double p) {
+    const double disc = sel_b1 * sel_b1 - 4.0 * sel_b2 * (sel_b0 - p / crit_p);
+    const double theta = (-sel_b1 + std::sqrt(std::max(disc, 0.0))) / (2.0 * sel_b2);
+    return theta * crit_tk - celsius_offset;
+}
+
+// ---------------------------------------------------------------------------
+// Pieces of a line of constant pressure or temperature: one region each, in
+// the order of the line, with the property at both ends.
+
+struct Piece {
+    std::int32_t ireg = 0;
+    double lo = 0, hi = 0;      // varied quantity at the two ends (t, p or v)
+    double z_lo = 0, z_hi = 0;  // the property at the two ends
+    double v_lo = 0, v_hi = 0;  // region-3 volumes at the ends (isobars)
+    double t_sat = 0;           // wet piece: saturation temperature
+};
+
+struct Line {
+    std::array<Piece, 5> piece{};
+    std::size_t n = 0;
+    void add(const Piece& p) { piece[n++] = p; }
+};
+
+bool is_wet(std::int32_t ireg) { return ireg == ireg_wet || ireg == ireg_wet_r3; }
+
+bool within(double z, double lo, double hi, double tol = 0.0) {
+    return z >= std::min(lo, hi) - tol && z <= std::max(lo, hi) + tol;
+}
+
+double dryness(double z, double zl, double zg) { return zg == zl ? 0.0 : (z - zl) / (zg - zl); }
+
+// Isobar at p (bar, inside the range) in increasing temperature.
+template <Prop Q>
+Line isobar(double p, double eps) {
+    Line line;
+    const auto r1 = [&](double t_hi) {
+        line.add({ireg_liquid, t_sub1_min, t_hi, z1<Q>(p, t_sub1_min), z1<Q>(p, t_hi)});
+    };
+    const auto r2 = [&](double t_lo) {
+        line.add({ireg_vapour, t_lo, t2_max, z2<Q>(p, t_lo), z2<Q>(p, t2_max)});
+    };
+    const auto r3 = [&](std::int32_t ireg, double t_lo, double v_lo, double t_hi, double v_hi) {
+        line.add({ireg, t_lo, t_hi, z3<Q>(v_lo, t_lo), z3<Q>(v_hi, t_hi), v_lo, v_hi});
+    };
+    if (p < crit_p) {
+        const double ts = pws_it(p);
+        if (ts <= t_sub1_max) {
+            r1(ts);
+            line.add({ireg_wet, ts, ts, z1<Q>(p, ts), z2<Q>(p, ts), 0, 0, ts});
+            r2(ts);
+            return line;
+        }
+        const SaturatedVolumes sv = saturated_volumes3(p, ts);
+        r1(t_sub1_max);
+        r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), ts, sv.liquid);
+        line.add({ireg_wet_r3, ts, ts, z3<Q>(sv.liquid, ts), z3<Q>(sv.vapour, ts), sv.liquid,
+                  sv.vapour, ts});
+        if (p < selection_boundary_pressure(ts)) {
+            r2(ts);
+            return line;
+        }
+        const double tb = selection_boundary_temperature(p);
+        r3(ireg_r3_vapour, ts, sv.vapour, tb, v3_vapour(p, tb, eps));
+        r2(tb);
+        return line;
+    }
+    const double tb = selection_boundary_temperature(p);
+    r1(t_sub1_max);
+    r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), crit_t, v3_liquid(p, crit_t, eps));
+    r3(ireg_r3_vapour, crit_t, v3_vapour(p, crit_t, eps), tb, v3_vapour(p, tb, eps));
+    r2(tb);
+    return line;
+}
+
+// Temperature along the isobar p at which the property is z; pieces in
+// increasing z. Returns IREG with (a, b) set.
+// With `report` false a state outside the range is clamped silently (the
+// probes of an outer iteration).
+template <Prop Q>
+std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, double& b,
+                           double eps, bool report = true) {
+    if (!finite(a, b)) return ireg_not_placed;
+    double p = a;
+    const double z = b;
+    if (outside(p, p_min, p_max) && report) {
+        pwser(name, code, p, z);
+    }
+    p = std::clamp(p, p_min, p_max);
+    const Line line = isobar<Q>(p, eps);
+    const Piece& first = line.piece[0];
+    const Piece& last = line.piece[line.n - 1];
+    if (z < first.z_lo || z > last.z_hi) {
+        if (report) pwser(name, code, p, z);
+        a = p;
+        b = z < first.z_lo ? first.lo : last.hi;
+        return z < first.z_lo ? first.ireg : last.ireg;
+    }
+    for (std::size_t k = 0; k < line.n; ++k) {
+        const Piece& c = line.piece[k];
+        // A value at the upper end (within the tolerance) stays in this piece.
+        if (z > c.z_hi + std::fabs(z * eps) && k + 1 < line.n) continue;
+        if (is_wet(c.ireg)) {
+            a = dryness(z, c.z_lo, c.z_hi);
+            b = c.t_sat;
+            return c.ireg;
+        }
+        const bool r3 = c.ireg == ireg_r3_liquid || c.ireg == ireg_r3_vapour;
+        if (z < c.z_lo) {  // in the small gap between two regions: the lower end
+            a = r3 ? c.v_lo : p;
+            b = c.lo;
+            return c.ireg;
+        }
+        double ta = c.lo, tb = c.hi;
+        if (!r3) {
+            a = p;
+            b = c.ireg == ireg_liquid ? pws_i1(z1<Q>, p, z, ta, tb, eps) : pws_i1(z2<Q>, p, z, ta, tb, eps);
+            return c.ireg;
+        }
+        if constexpr (Q == Prop::v) {
+            a = z;
+            b = pws_i1(pws_a3, z, p, ta, tb, eps);
+        } else {
+            double va = c.v_lo, vb = c.v_hi;
+            pws_id(z3<Q>, z, pws_a3, p, va, vb, ta, tb, eps);
+            a = va;
+            b = ta;
+        }
+        return c.ireg;
+    }
+    return ireg_not_placed;
+}
+
+// Isotherm at t (C, inside the range) in increasing pressure.
+template <Prop Q>
+Line isotherm(double t, double eps) {
+    Line line;
+    const auto r2 = [&](double p_hi) {
+        line.add({ireg_vapour, p_min, p_hi, z2<Q>(p_min, t), z2<Q>(p_hi, t)});
+    };
+    const auto r3 = [&](std::int32_t ireg, double v_lo, double v_hi) {
+        line.add({ireg, v_lo, v_hi, z3<Q>(v_lo, t), z3<Q>(v_hi, t)});
+    };
+    if (t <= t_sub1_max) {
+        const double ps = pws_pt(t);
+        r2(ps);
+        line.add({ireg_wet, ps, ps, z1<Q>(ps, t), z2<Q>(ps, t), 0, 0, t});
+        line.add({ireg_liquid, ps, p_max, z1<Q>(ps, t), z1<Q>(p_max, t)});
+        return line;
+    }
+    const double pb = selection_boundary_pressure(t);
+    if (t <= crit_t) {
+        const double ps = pws_pt(t);
+        const SaturatedVolumes sv = saturated_volumes3(ps, t);
+        if (pb < ps) {
+            r2(pb);
+            r3(ireg_r3_vapour, v3_vapour(pb, t, eps), sv.vapour);
+        } else {
+            r2(ps);
+        }
+        line.add({ireg_wet_r3, ps, ps, z3<Q>(sv.liquid, t), z3<Q>(sv.vapour, t), 0, 0, t});
+        r3(ireg_r3_liquid, sv.liquid, v3_liquid(p_max, t, eps));
+        return line;
+    }
+    if (pb < p_max) {
+        r2(pb);
+        r3(ireg_r3_vapour, v3_vapour(pb, t, eps), v3_vapour(p_max, t, eps));
+    } else {
+        r2(p_max);
+    }
+    return line;
+}
+
+enum class OffLine { report, subregion_can_not, subregion_cannot };
+
+// Pressure (or region-3 volume) along the isotherm t at which the property is
+// z: the first piece that holds z. A value no piece holds is given the nearest
+// end when it lies in a gap between regions; otherwise it is reported.
+template <Prop Q>
+std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine off,
+                             std::string_view z_label, double& a, double& b, double eps,
+                             bool report = true) {
+    if (!finite(a, b)) return ireg_not_placed;
+    double t = b;
+    const double z = a;
+    if (outside(t, t_sub1_min, t2_max) && report) {
+        pwser(name, code, t, z);
+    }
+    t = std::clamp(t, t_sub1_min, t2_max);
+    const Line line = isotherm<Q>(t, eps);
+    for (std::size_t k = 0; k < line.n; ++k) {
+        const Piece& c = line.piece[k];
+        if (!within(z, c.z_lo, c.z_hi, std::fabs(z * eps))) continue;
+        b = t;
+        if (is_wet(c.ireg)) {
+            a = dryness(z, c.z_lo, c.z_hi);
+            return c.ireg;
+        }
+        double lo = c.lo, hi = c.hi;
+        if (c.ireg == ireg_liquid) {
+            a = pws_i2(z1<Q>, t, z, lo, hi, eps);
+        } else if (c.ireg == ireg_vapour) {
+            a = pws_i2(z2<Q>, t, z, lo, hi, eps);
+        } else if constexpr (Q == Prop::v) {
+            a = z;
+        } else {
+            a = pws_i2(z3<Q>, t, z, lo, hi, eps);
+        }
+        return c.ireg;
+    }
+    // Nearest end of any piece.
+    std::size_t best = 0;
+    bool at_hi = false;
+    double dist = std::numeric_limits<double>::infinity();
+    for (std::size_t k = 0; k < line.n; ++k) {
+        const Piece& c = line.piece[k];
+        if (std::fabs(z - c.z_lo) < dist) dist = std::fabs(z - c.z_lo), best = k, at_hi = false;
+        if (std::fabs(z - c.z_hi) < dist) dist = std::fabs(z - c.z_hi), best = k, at_hi = true;
+    }
+    const bool in_gap = dist <= region_gap * std::fabs(z);
+    if (!in_gap) {
+        if (off == OffLine::report) {
+            if (report) pwser(name, code, t, z);
+        } else {
+            report_subregion(off == OffLine::subregion_can_not ? subregion_can_not : subregion_cannot,
+                             label_t, t, z_label, z);
+            return ireg_not_placed;
+        }
+    }
+    const Piece& c = line.piece[best];
+    b = t;
+    a = is_wet(c.ireg) ? (at_hi ? 1.0 : 0.0) : (at_hi ? c.hi : c.lo);
+    return c.ireg;
+}
+
+// ---------------------------------------------------------------------------
+// Outer iteration of pwsrvh, pwsrvs, pwsrvu, pwsrhs, pwsrus: f(x, fixed, eps)
+// - target on [a, b] by secant steps, each followed by one midpoint evaluation
+// that keeps the bracket shrinking; 40 steps, then the last secant point.
+double outer_solve(Func3 f, double fixed, double target, double a, double b, double eps) {
+    const double tol = std::fabs(target * eps);
+    double fb = f(b, fixed, eps) - target;
+    if (std::fabs(fb) < tol) return b;
+    double fa = f(a, fixed, eps) - target;
+    if (std::fabs(fa) < tol) return a;
+    double s = b;
+    for (int step = 0; step < max_steps; ++step) {
+        if (std::fabs(b) * eps > std::fabs(b - a) || fb == fa) return (a + b) * 0.5;
+        s = b - (b - a) * fb / (fb - fa);
+        const double fs = f(s, fixed, eps) - target;
+        if (std::fabs(fs) < tol) return s;
+        if (fb * fs > 0.0) {
+            const double m = (a + s) * 0.5;
+            const double fm = f(m, fixed, eps) - target;
+            if (fa * fm > 0.0) {
+                a = m, fa = fm, b = s, fb = fs;
+            } else {
+                b = m, fb = fm;
+            }
+        } else {
+            const double m = (b + s) * 0.5;
+            const double fm = f(m, fixed, eps) - target;
+            if (fb * fm > 0.0) {
+                b = m, fb = fm, a = s, fa = fs;
+            } else {
+                a = m, fa = fm;
+            }
+        }
+    }
+    // Intended: no warning when the 40 steps run out; the last secant point stands.
+    return s;
+}
+
+// Volume with a property: pressure along the isochore, then pwsrpv.
+std::int32_t invert_isochore(Func3 f, double& a, double& b, double eps) {
+    if (!finite(a, b)) return ireg_not_placed;
+    const double v = a;
+    const double z = b;
+    double lo = p_min;
+    double hi = p_max;
+    if (v < iso_v_liquid) lo = (iso_v_liquid - v) * iso_p_per_v;
+    if (v > iso_v_vapour) hi = iso_pv / v;
+    if (lo < iso_split && hi > iso_split) {
+        const double f1 = f(iso_split, v, eps) - z;
+        if (f1 < 0.0) lo = iso_split;
+        if (f1 > 0.0) hi = iso_split;
+    }
+    double p = outer_solve(f, v, z, lo, hi, eps);
+    double second = v;
+    const std::int32_t ireg = pwsrpv(p, second, eps);
+    if (ireg < ireg_liquid || ireg > ireg_wet) {
+        a = p;
+        return ireg;
+    }
+    a = p;
+    b = second;
+    return ireg;
+}
+
+// Entropy with enthalpy or internal energy: temperature along the isentrope,
+// bracketed by the lowest and the highest pressure of the range.
+struct IsentropeBracket {
+    bool ok = false;
+    double lo = 0, hi = 0;
+};
+
+IsentropeBracket isentrope_bracket(double s, double eps) {
+    IsentropeBracket br;
+    if (s < pws_e1(p_max, t_sub1_min) || s > pws_e2(p_min, t2_max)) return br;
+    br.lo = t_sub1_min;
+    if (s > pws_e2(pws_pt(t_sub1_min), t_sub1_min)) {
+        double ta = t_sub1_min, tb = t2_max;
+        br.lo = pws_i1(z2<Prop::s>, p_min, s, ta, tb, eps);
+    }
+    br.hi = t2_max;
+    if (s < pws_e2(p_max, t2_max)) {
+        double p = p_max, s_then_t = s;
+        pwsrps(p, s_then_t, eps);
+        br.hi = s_then_t;
+    }
+    br.ok = true;
+    return br;
+}
+
+std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double eps) {
+    if (!finite(a, b)) return ireg_not_placed;
+    const double z = a;
+    const double s = b;
+    const IsentropeBracket br = isentrope_bracket(s, eps);
+    double t = br.lo;
+    if (br.ok) {
+        const double z_lo = f(br.lo, s, eps);
+        const double z_hi = f(br.hi, s, eps);
+        if (z >= z_lo && z <= z_hi) {
+            t = outer_solve(f, s, z, br.lo, br.hi, eps);
+        } else {
+            t = z < z_lo ? br.lo : br.hi;
+            if (refuse) {
+                report_subregion(subregion_cannot, label_u, z, label_s, s);
+                return ireg_not_placed;
+            }
+            pwser(name_pwsrhs, code_hs, z, s);
+        }
+    } else if (refuse) {
+        report_subregion(subregion_cannot, label_u, z, label_s, s);
+        return ireg_not_placed;
+    } else {
+        pwser(name_pwsrhs, code_hs, z, s);
+        t = s < pws_e1(p_max, t_sub1_min) ? t_sub1_min : t2_max;
+    }
+    double ta = t, sb = s;
+    const std::int32_t ireg = pwsrts(ta, sb, eps);
+    a = ta;
+    b = sb;
+    return ireg;
+}
+
+// Mixed entropy of the wet state (t, x).
+double mixed_entropy(double t, double x) {
+    const double ps = pws_pt(t);
+    if (t <= t_sub1_max) {
+        const double sl = pws_e1(ps, t);
+        return sl + x * (pws_e2(ps, t) - sl);
+    }
+    const SaturatedVolumes sv = saturated_volumes3(ps, t);
+    const double sl = pws_e3(sv.liquid, t);
+    return sl + x * (pws_e3(sv.vapour, t) - sl);
+}
+
+double inner_eps(double eps) { return std::min(eps, entry_eps) * inner_eps_factor; }
+
+// pwsrpv without range reports, (p, v) in (a, b).
+std::int32_t quiet_pv(double& a, double& b, double eps) {
+    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps, false);
+}
+// pwsrts without range reports, with (s, t) in (a, b) (the isotherm's order).
+std::int32_t quiet_ts(double& a, double& b, double eps) {
+    return invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps, false);
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------
+
+double selection_boundary_pressure(double t) {
+    const double theta = reduced_temperature(t);
+    return ((sel_b2 * theta + sel_b1) * theta + sel_b0) * crit_p;
+}
+
+SaturatedVolumes saturated_volumes3(double ps, double t) {
+    double va = std::max(sat_vapour_start_offset + sat_vapour_start_slope * t, crit_v);
+    double vb = v3_max;
+    double vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
+    double la = std::min(liquid_start_slope * t + liquid_start_offset, crit_v);
+    double lb = sat_liquid_start;
+    double liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
+    // Close to the critical point a starting pair that does not enclose its
+    // root can lead to the unstable middle root of the isotherm (where the
+    // pressure rises with volume); the root of the phase lies beyond it, and
+    // a second solve brackets it from there.
+    if (unstable(vapour, t)) {
+        va = vapour * (1.0 + branch_step), vb = v3_max;
+        vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
+    }
+    if (unstable(liquid, t)) {
+        la = sat_liquid_start, lb = liquid * (1.0 - branch_step);
+        liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
+    }
+    return {liquid, vapour};
+}
+
+std::int32_t pwsrpt(double& a, double& b, double eps) {
+    if (!finite(a, b)) return ireg_not_placed;
+    const double p = a;
+    const double t = b;
+    if (t <= t_sub1_max) {
+        const double ps = pws_pt(t);
+        // Intended: a state on the saturation line keeps its pressure in a,
+        // where the entry routine reads a dryness fraction.
+        if (eps * p > std::fabs(p - ps)) return ireg_wet;
+        if (ps <= p) {
+            comt1(p, t);
+            return ireg_liquid;
+        }
+        comt2(p, t);
+        return ireg_vapour;
+    }
+    if (t <= crit_t) {
+        const double ps = pws_pt(t);
+        if (eps * p > std::fabs(p - ps)) return ireg_wet_r3;  // Intended: pressure kept in a.
+        if (p > ps) {
+            a = v3_liquid(p, t, eps);
+            return ireg_r3_liquid;
+        }
+    }
+    const double theta = reduced_temperature(t);
+    if ((sel_b2 * theta + sel_b1) * theta + sel_b0 > p / crit_p) {
+        comt2(p, t);
+        return ireg_vapour;
+    }
+    a = v3_vapour(p, t, eps);
+    return ireg_r3_vapour;
+}
+
+std::int32_t pwsrph(double& a, double& b, double eps) {
+    return invert_isobar<Prop::h>(name_pwsrph, code_ph, a, b, eps);
+}
+std::int32_t pwsrps(double& a, double& b, double eps) {
+    return invert_isobar<Prop::s>(name_pwsrps, code_ps, a, b, eps);
+}
+std::int32_t pwsrpu(double& a, double& b, double eps) {
+    return invert_isobar<Prop::u>(name_pwsrpu, code_p, a, b, eps);
+}
+std::int32_t pwsrpv(double& a, double& b, double eps) {
+    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps);
+}
+
+std::int32_t pwsrpx(double& a, double& b, double eps) {
+    (void)eps;
+    if (!finite(a, b)) return ireg_not_placed;
+    const double ts = pws_it(a);
+    a = b;
+    b = ts;
+    return ts <= t_sub1_max ? ireg_wet : ireg_wet_r3;
+}
+
+std::int32_t pwsrtv(double& a, double& b, double eps) {
+    // Arguments arrive as (t, v); the isotherm search reads (z, t).
+    std::swap(a, b);
+    const std::int32_t ireg =
+        invert_isotherm<Prop::v>(name_pwsrtv, code_tv, OffLine::report, label_x, a, b, eps);
+    if (ireg == ireg_not_placed) std::swap(a, b);
+    return ireg;
+}
+std::int32_t pwsrth(double& a, double& b, double eps) {
+    std::swap(a, b);
+    const std::int32_t ireg = invert_isotherm<Prop::h>(name_pwsrth, code_th,
+                                                       OffLine::subregion_can_not, label_h, a, b, eps);
+    if (ireg == ireg_not_placed) std::swap(a, b);
+    return ireg;
+}
+std::int32_t pwsrtu(double& a, double& b, double eps) {
+    std::swap(a, b);
+    const std::int32_t ireg = invert_isotherm<Prop::u>(name_pwsrtu, code_t,
+                                                       OffLine::subregion_cannot, label_u, a, b, eps);
+    if (ireg == ireg_not_placed) std::swap(a, b);
+    return ireg;
+}
+std::int32_t pwsrts(double& a, double& b, double eps) {
+    std::swap(a, b);
+    const std::int32_t ireg =
+        invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps);
+    if (ireg == ireg_not_placed) std::swap(a, b);
+    return ireg;
+}
+
+std::int32_t pwsrtx(double& a, double& b, double eps) {
+    (void)eps;
+    const double t = a;
+    const double x = b;
+    if (t <= t_sub1_max) {
+        a = x;
+        b = t;
+        return ireg_wet;
+    }
+    // Intended: a wet state above the critical temperature is refused with an
+    // illegal region number, arguments unchanged.
+    if (t > crit_t || std::isnan(t)) return ireg_above_critical;
+    a = x;
+    b = t;
+    return ireg_wet_r3;
+}
+
+std::int32_t pwsrsx(double& a, double& b, double eps) {
+    if (!finite(a, b)) return ireg_not_placed;
+    const double s = a;
+    const double x = b;
+    const double ps0 = pws_pt(t_sub1_min);
+    const double sl0 = pws_e1(ps0, t_sub1_min);
+    const double sg0 = pws_e2(ps0, t_sub1_min);
+    if (x < 0.0 || x > 1.0 || s < sl0 || s > sg0) {
+        write_record(pwserr().iunit, std::string(not_in_wet_region) + report_value(s, scale_zero) +
+                                         std::string(label_x) + report_value(x, scale_zero));
+        return ireg_not_placed;
+    }
+    const double s_low = sl0 + x * (sg0 - sl0);
+    const double s_crit = mixed_entropy(crit_t, x);
+    if (!within(s, s_low, s_crit)) {
+        write_record(pwserr().iunit, std::string(below_critical_point) + report_value(s, scale_zero));
+        return ireg_not_placed;
+    }
+    double ta = t_sub1_min, tb = crit_t;
+    const double t = pws_i2(mixed_entropy, x, s, ta, tb, eps);
+    a = x;
+    b = t;
+    return t <= t_sub1_max ? ireg_wet : ireg_wet_r3;
+}
+
+std::int32_t pwsrhs(double& a, double& b, double eps) {
+    return invert_isentrope(pws_ht, false, a, b, eps);
+}
+std::int32_t pwsrus(double& a, double& b, double eps) {
+    return invert_isentrope(pws_ut, true, a, b, eps);
+}
+
+std::int32_t pwsrvh(double& a, double& b, double eps) { return invert_isochore(pws_hp, a, b, eps); }
+std::int32_t pwsrvs(double& a, double& b, double eps) { return invert_isochore(pws_sp, a, b, eps); }
+std::int32_t pwsrvu(double& a, double& b, double eps) { return invert_isochore(pws_up, a, b, eps); }
+
+// The auxiliary routines place their state as pwsrpv and pwsrts do, but
+// clamp a probe outside the range silently: an outer iteration tries states
+// at the ends of its bracket, and only the state it settles on is reported
+// (by the final call of the public routine).
+double pws_hp(double p, double v, double eps) {
+    double a = p, b = v;
+    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
+    return state_value<Prop::h>(ireg, a, b);
+}
+double pws_sp(double p, double v, double eps) {
+    double a = p, b = v;
+    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
+    return state_value<Prop::s>(ireg, a, b);
+}
+double pws_up(double p, double v, double eps) {
+    double a = p, b = v;
+    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
+    return state_value<Prop::u>(ireg, a, b);
+}
+double pws_ht(double t, double s, double eps) {
+    double a = s, b = t;
+    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
+    return state_value<Prop::h>(ireg, a, b);
+}
+double pws_ut(double t, double s, double eps) {
+    double a = s, b = t;
+    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
+    return state_value<Prop::u>(ireg, a, b);
+}
+
+}  // namespace pws

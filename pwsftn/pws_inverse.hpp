@@ -1,0 +1,89 @@
+// Inverse routines of the water-and-steam package (IFC-67): the state and its
+// region number IREG from a pair of input values. Units: bar, degrees Celsius,
+// m3/kg, kJ/kg, kJ/(kg K); the dryness fraction X is the vapour mass fraction.
+//
+// Contract of every pwsr* routine, called as pwsrXY(a, b, eps):
+// - on entry a and b hold the two input values in the order of the name
+//   (pwsrph: pressure, enthalpy); eps is the relative tolerance;
+// - the result is IREG, and a and b hold the state:
+//     IREG 1  sub-region 1 (liquid up to 350 C)        a = pressure, b = temperature
+//     IREG 2  region 2 (vapour)                        a = pressure, b = temperature
+//     IREG 3  region 3, vapour side                    a = volume,   b = temperature
+//     IREG 4  region 3, liquid side (350 to 374.15 C)  a = volume,   b = temperature
+//     IREG 5  wet, saturation temperature above 350 C  a = dryness,  b = temperature
+//     IREG 6  wet, up to 350 C                         a = dryness,  b = temperature
+// - any other result means the state could not be placed (the entry routine
+//   reports it as an illegal region); a and b are then left as they were
+//   unless the routine says otherwise. A NaN or infinite input value is such a
+//   state: the result is 0.
+// States outside the range of the formulation are reported through pwser and
+// the routine goes on with the nearest state inside the range.
+#pragma once
+#include <cstdint>
+
+namespace pws {
+
+// An inverse routine: IREG from (a, b, eps), with a and b overwritten.
+using InverseFn = std::int32_t (*)(double& a, double& b, double eps);
+
+// Tolerance the entry routine hands to the inverse routines, and the one used
+// for the saturated region-3 volumes.
+inline constexpr double entry_eps = 1.0E-8;
+
+// Pressure and temperature: the region selection of the package. A state on the
+// saturation line (relative distance below eps) returns 6 (up to 350 C) or 5
+// with the pressure left in a.
+std::int32_t pwsrpt(double& a, double& b, double eps);
+// Pressure with enthalpy, entropy, internal energy or volume: temperature along
+// the isobar; dryness fraction from the saturated values.
+std::int32_t pwsrph(double& a, double& b, double eps);
+std::int32_t pwsrps(double& a, double& b, double eps);
+std::int32_t pwsrpu(double& a, double& b, double eps);
+std::int32_t pwsrpv(double& a, double& b, double eps);
+// Pressure and dryness fraction: the wet state at the saturation temperature.
+std::int32_t pwsrpx(double& a, double& b, double eps);
+// Temperature with volume, enthalpy, internal energy or entropy: pressure (or
+// region-3 volume) along the isotherm. pwsrth and pwsrtu return 0 with a line
+// on the error channel when no state of the isotherm has the value.
+std::int32_t pwsrtv(double& a, double& b, double eps);
+std::int32_t pwsrth(double& a, double& b, double eps);
+std::int32_t pwsrtu(double& a, double& b, double eps);
+std::int32_t pwsrts(double& a, double& b, double eps);
+// Temperature and dryness fraction: 6 up to 350 C, 5 up to 374.15 C, 7 above
+// (a and b unchanged). eps is not used.
+std::int32_t pwsrtx(double& a, double& b, double eps);
+// Entropy and dryness fraction: the saturation temperature whose mixed entropy
+// is the given one; 0 with a line on the error channel when there is none.
+std::int32_t pwsrsx(double& a, double& b, double eps);
+// Enthalpy or internal energy with entropy: temperature along the isentrope.
+std::int32_t pwsrhs(double& a, double& b, double eps);
+std::int32_t pwsrus(double& a, double& b, double eps);
+// Volume with enthalpy, entropy or internal energy: pressure along the isochore.
+std::int32_t pwsrvh(double& a, double& b, double eps);
+std::int32_t pwsrvs(double& a, double& b, double eps);
+std::int32_t pwsrvu(double& a, double& b, double eps);
+
+// Auxiliary routines of the outer iterations: one property of the state found
+// by an inner inverse routine, as a function of the varied quantity (first
+// argument) at a fixed second quantity; eps is handed to the inner routine.
+double pws_hp(double p, double v, double eps);  // enthalpy (kJ/kg) of the state (p, v) by pwsrpv
+double pws_sp(double p, double v, double eps);  // entropy (kJ/(kg K)) of the state (p, v)
+double pws_up(double p, double v, double eps);  // internal energy (kJ/kg) of the state (p, v)
+double pws_ht(double t, double s, double eps);  // enthalpy (kJ/kg) of the state (t, s) by pwsrts
+double pws_ut(double t, double s, double eps);  // internal energy (kJ/kg) of the state (t, s)
+
+// Saturated liquid and vapour volumes (m3/kg) of region 3 at t (C) and the
+// saturation pressure ps (bar): the two region-3 roots of p(v, t) = ps, found
+// by pws_i2 from the starting pairs (min(6.0E-5 t - 0.01899, 0.00317),
+// 0.00174) and (max(0.08611 - 0.000222 t, 0.00317), 0.008799105448).
+struct SaturatedVolumes {
+    double liquid;
+    double vapour;
+};
+SaturatedVolumes saturated_volumes3(double ps, double t);
+
+// Pressure (bar) of the region-2/3 boundary that the region selection uses at
+// t (C) (its own coefficients, see pwsrpt).
+double selection_boundary_pressure(double t);
+
+}  // namespace pws

@@ -1,0 +1,222 @@
+// Entry routine of the water-and-steam package: inverse routine, wet-state
+// handling, then the key list in text order.
+#include "pwsftn/pwsftn.hpp"
+
+#include <array>
+#include <string>
+
+#include "pwsftn/pws_error.hpp"
+#include "pwsftn/pws_regions.hpp"
+#include "pwsftn/pws_saturation.hpp"
+
+namespace pws {
+namespace {
+
+constexpr std::size_t key_width = 4;
+
+// Property keys, compared in this order with the blank-filled key buffer.
+enum class Key { p, t, v, h, s, x, cp, dv, tc, illegal };
+constexpr std::array<std::string_view, 9> key_table{"P   ", "T   ", "V   ", "H   ", "S   ",
+                                                    "X   ", "CP  ", "DV  ", "TC  "};
+
+// Channel-13 messages (list-directed lines).
+constexpr std::string_view illegal_region_head = "*** PWSFTN-ERROR: illegal region calculated: ";
+constexpr std::string_view illegal_region_label = "IREG = ";
+constexpr std::string_view illegal_key_head = "*** PWSFTN-ERROR: illegal dependend property: ";
+constexpr std::string_view wet_transport_head = "*** PWSFTN-ERROR: CP, DV, TC cannot be calculated ";
+constexpr std::string_view wet_transport_tail = "in wet region ***";
+constexpr std::string_view message_tail = " ***";
+// Blank that list-directed output puts between a number and the next item.
+constexpr std::string_view item_separator = " ";
+
+constexpr std::string_view name_pws_pt = "PWS_PT";
+constexpr std::int32_t code_t = 2;
+
+// A wet state this close to one phase is taken as that saturated phase.
+constexpr double snap_liquid = 1.0E-6;
+constexpr double snap_vapour = 0.999999;
+constexpr double w_to_kw = 0.001;  // W/(m K) to kW/(m K)
+
+constexpr std::int32_t ireg_min = 1;
+constexpr std::int32_t ireg_max = 6;
+
+struct EntryState {
+    std::array<char, key_width> depend{' ', ' ', ' ', ' '};  // current key, blank-filled
+};
+
+EntryState& entry_state() {
+    static EntryState s;
+    return s;
+}
+
+// The character at 1-based position i; past the end reads as a blank.
+char at(std::string_view text, std::size_t i) { return i >= 1 && i <= text.size() ? text[i - 1] : ' '; }
+
+bool ends_key(char c) { return c == '.' || c == ',' || c == ' '; }
+
+// Reads the key that starts after position i into `buffer`; i is left on the
+// character that ended it.
+void read_key(std::string_view text, std::size_t& i, std::array<char, key_width>& buffer) {
+    buffer.fill(' ');
+    ++i;  // step over the separator (for the first key: onto the first character)
+    for (std::size_t n = 0; n < key_width && !ends_key(at(text, i)); ++n, ++i) buffer[n] = at(text, i);
+}
+
+Key lookup(const std::array<char, key_width>& buffer) {
+    const std::string_view key(buffer.data(), buffer.size());
+    for (std::size_t k = 0; k < key_table.size(); ++k)
+        if (key_table[k] == key) return static_cast<Key>(k);
+    return Key::illegal;
+}
+
+// The state as the entry routine evaluates it.
+struct State {
+    std::int32_t ireg = 0;
+    double f = 0;   // first value: pressure, volume or dryness fraction
+    double t = 0;   // temperature, C
+    double ps = 0;  // saturation pressure of a wet state, bar
+    SaturatedVolumes sat{};  // IREG 5: saturated region-3 volumes
+    double v = 0;            // volume for DV and TC
+    bool have_v = false;     // v already known (IREG 3 and 4 at entry)
+    bool wet_asked = false;  // CP, DV or TC met a wet state
+};
+
+double mix(double liquid, double vapour, double x) { return liquid + x * (vapour - liquid); }
+
+// Wet state: saturation pressure, region-3 volumes, snapping to one phase.
+void settle_wet(State& st) {
+    if (st.t > crit_t) {
+        pwser(name_pws_pt, code_t, st.t, 0.0);
+        st.ps = 0.0;
+    } else {
+        st.ps = pws_pt(st.t);
+    }
+    if (st.ireg == 5) st.sat = saturated_volumes3(st.ps, st.t);
+    // Intended: nearly single-phase wet states are evaluated as the saturated
+    // phase, so that CP, DV and TC become available.
+    if (st.ireg == 6) {
+        if (st.f <= snap_liquid) st.ireg = 1, st.f = st.ps;
+        else if (st.f >= snap_vapour) st.ireg = 2, st.f = st.ps;
+    } else {
+        if (st.f <= snap_liquid) st.ireg = 4, st.f = st.sat.liquid;
+        else if (st.f >= snap_vapour) st.ireg = 3, st.f = st.sat.vapour;
+    }
+}
+
+double volume(State& st) {
+    if (!st.have_v) {
+        st.v = st.ireg == 1 ? pws_c1(st.f, st.t) : pws_c2(st.f, st.t);
+        st.have_v = true;
+    }
+    return st.v;
+}
+
+// Value of one legal key, by region.
+double evaluate(Key key, State& st) {
+    const double f = st.f, t = st.t;
+    const std::int32_t ireg = st.ireg;
+    const bool wet = ireg == 5 || ireg == 6;
+    switch (key) {
+    case Key::p:
+        if (ireg <= 2) return f;
+        return wet ? st.ps : pws_a3(f, t);
+    case Key::t: return t;
+    case Key::v:
+        switch (ireg) {
+        case 1: return pws_c1(f, t);
+        case 2: return pws_c2(f, t);
+        case 5: return mix(st.sat.liquid, st.sat.vapour, f);
+        case 6: return mix(pws_c1(st.ps, t), pws_c2(st.ps, t), f);
+        default: return f;
+        }
+    case Key::h:
+        switch (ireg) {
+        case 1: return pws_d1(f, t);
+        case 2: return pws_d2(f, t);
+        case 5: return mix(pws_d3(st.sat.liquid, t), pws_d3(st.sat.vapour, t), f);
+        case 6: return mix(pws_d1(st.ps, t), pws_d2(st.ps, t), f);
+        default: return pws_d3(f, t);
+        }
+    case Key::s:
+        switch (ireg) {
+        case 1: return pws_e1(f, t);
+        case 2: return pws_e2(f, t);
+        case 5: return mix(pws_e3(st.sat.liquid, t), pws_e3(st.sat.vapour, t), f);
+        case 6: return mix(pws_e1(st.ps, t), pws_e2(st.ps, t), f);
+        default: return pws_e3(f, t);
+        }
+    case Key::x:
+        if (wet) return f;
+        // Intended: 0 for the liquid regions and 1 for the vapour regions, whatever the state.
+        return ireg == 1 || ireg == 4 ? 0.0 : 1.0;
+    case Key::cp:
+    case Key::dv:
+    case Key::tc:
+        if (wet) {
+            st.wet_asked = true;
+            return 0.0;
+        }
+        if (key == Key::cp) return ireg == 1 ? pws_h1(f, t) : ireg == 2 ? pws_h2(f, t) : pws_h3(f, t);
+        if (key == Key::dv) return pws_ci(volume(st), t);
+        return pws_cj(volume(st), t) * w_to_kw;
+    case Key::illegal: break;
+    }
+    return 0.0;
+}
+
+}  // namespace
+
+std::size_t key_count(std::string_view depend) {
+    std::array<char, key_width> buffer{};
+    std::size_t i = 0;
+    std::size_t count = 0;
+    do {
+        read_key(depend, i, buffer);
+        ++count;
+    } while (at(depend, i) == ',');
+    return count;
+}
+
+void pwsftn(InverseRoutine xysub, double x, double y, std::string_view depend,
+            std::span<double> result) {
+    State st;
+    st.f = x;
+    st.t = y;
+    st.ireg = xysub(st.f, st.t, entry_eps);
+    if (st.ireg < ireg_min || st.ireg > ireg_max) {
+        write_record(host_channel, list_directed({illegal_region_head, illegal_region_label,
+                                                  list_integer(st.ireg), item_separator, message_tail}));
+        return;
+    }
+    if (st.ireg == 5 || st.ireg == 6) settle_wet(st);
+    if (st.ireg == 3 || st.ireg == 4) st.v = st.f, st.have_v = true;
+
+    std::array<char, key_width>& buffer = entry_state().depend;
+    std::size_t i = 0;
+    std::size_t k = 0;
+    do {
+        read_key(depend, i, buffer);
+        const Key key = lookup(buffer);
+        if (key == Key::illegal) {
+            write_record(host_channel,
+                         list_directed({illegal_key_head, std::string_view(buffer.data(), key_width),
+                                        message_tail}));
+        } else {
+            const double value = evaluate(key, st);
+            if (k < result.size()) result[k] = value;
+        }
+        ++k;
+    } while (at(depend, i) == ',');
+
+    if (st.wet_asked)
+        write_record(host_channel, list_directed({wet_transport_head, wet_transport_tail}));
+}
+
+std::string_view last_key() {
+    const std::array<char, key_width>& b = entry_state().depend;
+    return {b.data(), b.size()};
+}
+
+void reset_entry_for_tests() { entry_state().depend.fill(' '); }
+
+}  // namespace pws
