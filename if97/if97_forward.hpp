@@ -51,7 +51,7 @@ double p_b23(double t);
 // Boundary between regions 2 and 3: temperature from pressure, K.
 double t_b23(double p);
 
-// Enthalpy of a derived property relation: first derivatives of h and s
+// First derivatives of h and s
 // with respect to T and p along the other variable, from one phase's
 // properties (kJ/(kg K), kJ/(kg MPa), kJ/(kg K MPa)).
 inline double dh_dp_t(const Properties& st) { return st.v * (1.0 - st.t * st.alpha) * 1000.0; }
