@@ -334,14 +334,23 @@ TEST_F(PackageTest, EntryRoutineSurvivesAbsurdInputs) {
     pws::ErrorRecord rec = pws::pwserr();
     rec.maxmsg = 0;
     pws::set_pwserr(rec);
-    for (pws::InverseFn fn : {pws::pwsrpt, pws::pwsrph, pws::pwsrtx, pws::pwsrvh, pws::pwsrhs}) {
-        for (double x : {nan, inf, -1.0E300, 0.0, 1.0E300}) {
-            auto r = fresh();
-            pws::pwsftn(fn, x, 100.0, "P,T,V,H,S,X,CP,DV,TC", r);
-            pws::pwsftn(fn, 100.0, x, "P,T,V,H,S,X,CP,DV,TC", r);
+    for (pws::InverseFn fn : {pws::pwsrpt, pws::pwsrph, pws::pwsrvh, pws::pwsrhs, pws::pwsrsx}) {
+        for (double x : {nan, inf, -inf, -1.0E300, 0.0, 1.0E300}) {
+            for (bool first : {true, false}) {
+                SCOPED_TRACE(::testing::Message() << x << (first ? " first" : " second"));
+                records.clear();
+                auto r = fresh();
+                pws::pwsftn(fn, first ? x : 100.0, first ? 100.0 : x, "P,T,V,H,S,X,CP,DV,TC", r);
+                for (const pwstest::Record& rc : records)
+                    EXPECT_EQ(rc.line.find("illegal dependend"), std::string::npos);
+                if (std::isfinite(x)) continue;
+                // A value that is not finite places no state.
+                for (double v : r) EXPECT_EQ(v, untouched);
+                ASSERT_EQ(records.size(), 1u);
+                EXPECT_NE(records[0].line.find("illegal region calculated"), std::string::npos);
+            }
         }
     }
-    SUCCEED();
 }
 
 }  // namespace
