@@ -28,7 +28,7 @@ struct CompName {
         CompName c;
         c.text.fill(' ');
         const std::size_t n = s.size() < c.text.size() ? s.size() : c.text.size();
-        std::memcpy(c.text.data(), s.data(), n);
+        if (n > 0) std::memcpy(c.text.data(), s.data(), n);
         for (std::size_t i = n; i < s.size(); ++i)
             if (s[i] != ' ') { c.overlong = true; break; }
         return c;
