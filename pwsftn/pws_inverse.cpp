@@ -581,7 +581,8 @@ std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double
     if (br.ok) {
         const double z_lo = f(br.lo, s, eps);
         const double z_hi = f(br.hi, s, eps);
-        if (z >= z_lo && z <= z_hi) {
+        const double tol = std::fabs(z * eps);
+        if (z >= z_lo - tol && z <= z_hi + tol) {
             t = outer_solve(f, s, z, br.lo, br.hi, eps);
         } else {
             t = z < z_lo ? br.lo : br.hi;

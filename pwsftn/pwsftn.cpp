@@ -86,6 +86,7 @@ double mix(double liquid, double vapour, double x) { return liquid + x * (vapour
 // Wet state: saturation pressure, region-3 volumes, snapping to one phase.
 void settle_wet(State& st) {
     if (st.t > crit_t) {
+        // Intended: reported, then evaluated on with a saturation pressure of 0.
         pwser(name_pws_pt, code_t, st.t, 0.0);
         st.ps = 0.0;
     } else {
