@@ -324,6 +324,24 @@ TEST_F(PackageTest, OutOfRangeInputIsReportedOnceAndClampedToTheRange) {
     EXPECT_EQ(errors(), 3);
 }
 
+TEST_F(PackageTest, StatesAtTheEdgeOfTheRangeAreInside) {
+    const double h = pws::pws_d2(5.0, 800.0), s = pws::pws_e2(5.0, 800.0);
+    double a = h, b = s;
+    EXPECT_EQ(pws::pwsrhs(a, b, eps), 2);
+    EXPECT_TRUE(close(b, 800.0, 1e-9));
+    a = 5.0, b = h;
+    EXPECT_EQ(pws::pwsrph(a, b, eps), 2);
+    EXPECT_TRUE(close(b, 800.0, 1e-9));
+    a = 800.0, b = s;
+    EXPECT_EQ(pws::pwsrts(a, b, eps), 2);
+    EXPECT_TRUE(close(a, 5.0, 1e-7));
+    a = pws::p_max, b = pws::pws_d1(pws::p_max, pws::t_sub1_min);
+    EXPECT_EQ(pws::pwsrph(a, b, eps), 1);
+    EXPECT_TRUE(close(b, pws::t_sub1_min, 1e-6));
+    EXPECT_EQ(errors(), 0);
+    EXPECT_TRUE(records.empty());
+}
+
 TEST_F(PackageTest, BadInputNeverCrashesAndEndsQuickly) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double inf = std::numeric_limits<double>::infinity();
