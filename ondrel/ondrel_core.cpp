@@ -128,7 +128,7 @@ bool prepare_state(std::string_view inputspec, double input1, double input2, int
     s.od_inputspec = spec;
     s.od_input1 = input1;
     s.od_input2 = input2;
-    // The solver's code goes back to the caller; evaluation goes on at its result.
+    // Intended: the solver's code is not tested here; evaluation goes on at its result.
     s.p = solver::get_p(inputspec, input1, input2, mix, errcode);
     s.t = solver::get_t(inputspec, input1, input2, mix, errcode);
     return true;

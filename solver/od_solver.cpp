@@ -96,6 +96,7 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
         return r_gas * t / (v * mixinfo::mmol(mix));
     }
     case pair('T', 'h'):
+        // Intended: without condensing water h and u do not depend on p (code 7).
         if (has_water(mix)) return brent(thermodyn::h_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
         ierr = err_p_undetermined;
         return 0.0;

@@ -43,6 +43,8 @@ double brent(F&& f, int which, double fixed, double target, double& a, double& b
     };
     auto same_sign = [](double u, double w) { return (u > 0.0 && w > 0.0) || (u < 0.0 && w < 0.0); };
 
+    // Intended: tol bounds the residual (in the matched property's unit) here
+    // and, halved, the step on the unknown below.
     double ra = residual(a);
     if (std::fabs(ra) < tol) return a;
     double rb = residual(b);
