@@ -280,45 +280,54 @@ bool within(double z, double lo, double hi, double tol = 0.0) {
 
 double dryness(double z, double zl, double zg) { return zg == zl ? 0.0 : (z - zl) / (zg - zl); }
 
-// Isobar at p (bar, inside the range) in increasing temperature.
+// Isobar at p (bar, inside the range) in increasing temperature, up to the
+// first piece that reaches the value z (the pieces beyond are not needed).
 template <Prop Q>
-Line isobar(double p, double eps) {
+Line isobar(double p, double z, double eps) {
     Line line;
+    const double tol = std::fabs(z * eps);
+    const auto reached = [&] { return z <= line.piece[line.n - 1].z_hi + tol; };
     const auto r1 = [&](double t_hi) {
         line.add({ireg_liquid, t_sub1_min, t_hi, z1<Q>(p, t_sub1_min), z1<Q>(p, t_hi)});
+        return reached();
     };
     const auto r2 = [&](double t_lo) {
         line.add({ireg_vapour, t_lo, t2_max, z2<Q>(p, t_lo), z2<Q>(p, t2_max)});
+        return reached();
     };
     const auto r3 = [&](std::int32_t ireg, double t_lo, double v_lo, double t_hi, double v_hi) {
         line.add({ireg, t_lo, t_hi, z3<Q>(v_lo, t_lo), z3<Q>(v_hi, t_hi), v_lo, v_hi});
+        return reached();
     };
     if (p < crit_p) {
         const double ts = pws_it(p);
         if (ts <= t_sub1_max) {
-            r1(ts);
+            if (r1(ts)) return line;
             line.add({ireg_wet, ts, ts, z1<Q>(p, ts), z2<Q>(p, ts), 0, 0, ts});
+            if (reached()) return line;
             r2(ts);
             return line;
         }
+        if (r1(t_sub1_max)) return line;
         const SaturatedVolumes sv = saturated_volumes3(p, ts);
-        r1(t_sub1_max);
-        r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), ts, sv.liquid);
+        if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), ts, sv.liquid)) return line;
         line.add({ireg_wet_r3, ts, ts, z3<Q>(sv.liquid, ts), z3<Q>(sv.vapour, ts), sv.liquid,
                   sv.vapour, ts});
+        if (reached()) return line;
         if (p < selection_boundary_pressure(ts)) {
             r2(ts);
             return line;
         }
         const double tb = selection_boundary_temperature(p);
-        r3(ireg_r3_vapour, ts, sv.vapour, tb, v3_vapour(p, tb, eps));
+        if (r3(ireg_r3_vapour, ts, sv.vapour, tb, v3_vapour(p, tb, eps))) return line;
         r2(tb);
         return line;
     }
+    if (r1(t_sub1_max)) return line;
+    if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), crit_t, v3_liquid(p, crit_t, eps)))
+        return line;
     const double tb = selection_boundary_temperature(p);
-    r1(t_sub1_max);
-    r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), crit_t, v3_liquid(p, crit_t, eps));
-    r3(ireg_r3_vapour, crit_t, v3_vapour(p, crit_t, eps), tb, v3_vapour(p, tb, eps));
+    if (r3(ireg_r3_vapour, crit_t, v3_vapour(p, crit_t, eps), tb, v3_vapour(p, tb, eps))) return line;
     r2(tb);
     return line;
 }
@@ -337,10 +346,10 @@ std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, 
         pwser(name, code, p, z);
     }
     p = std::clamp(p, p_min, p_max);
-    const Line line = isobar<Q>(p, eps);
+    const Line line = isobar<Q>(p, z, eps);
     const Piece& first = line.piece[0];
     const Piece& last = line.piece[line.n - 1];
-    if (z < first.z_lo || z > last.z_hi) {
+    if (z < first.z_lo || z > last.z_hi + std::fabs(z * eps)) {
         if (report) pwser(name, code, p, z);
         a = p;
         b = z < first.z_lo ? first.lo : last.hi;
@@ -381,43 +390,51 @@ std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, 
     return ireg_not_placed;
 }
 
-// Isotherm at t (C, inside the range) in increasing pressure.
+// Isotherm at t (C, inside the range) in increasing pressure, up to the
+// first piece that holds the value z.
 template <Prop Q>
-Line isotherm(double t, double eps) {
+Line isotherm(double t, double z, double eps) {
     Line line;
+    const double tol = std::fabs(z * eps);
+    const auto holds = [&] {
+        const Piece& c = line.piece[line.n - 1];
+        return within(z, c.z_lo, c.z_hi, tol);
+    };
     const auto r2 = [&](double p_hi) {
         line.add({ireg_vapour, p_min, p_hi, z2<Q>(p_min, t), z2<Q>(p_hi, t)});
+        return holds();
     };
     const auto r3 = [&](std::int32_t ireg, double v_lo, double v_hi) {
         line.add({ireg, v_lo, v_hi, z3<Q>(v_lo, t), z3<Q>(v_hi, t)});
+        return holds();
+    };
+    const auto wet = [&](std::int32_t ireg, double ps, double zl, double zg) {
+        line.add({ireg, ps, ps, zl, zg, 0, 0, t});
+        return holds();
     };
     if (t <= t_sub1_max) {
         const double ps = pws_pt(t);
-        r2(ps);
-        line.add({ireg_wet, ps, ps, z1<Q>(ps, t), z2<Q>(ps, t), 0, 0, t});
+        if (r2(ps)) return line;
+        if (wet(ireg_wet, ps, z1<Q>(ps, t), z2<Q>(ps, t))) return line;
         line.add({ireg_liquid, ps, p_max, z1<Q>(ps, t), z1<Q>(p_max, t)});
         return line;
     }
     const double pb = selection_boundary_pressure(t);
     if (t <= crit_t) {
         const double ps = pws_pt(t);
+        if (r2(std::min(pb, ps))) return line;
         const SaturatedVolumes sv = saturated_volumes3(ps, t);
-        if (pb < ps) {
-            r2(pb);
-            r3(ireg_r3_vapour, v3_vapour(pb, t, eps), sv.vapour);
-        } else {
-            r2(ps);
-        }
-        line.add({ireg_wet_r3, ps, ps, z3<Q>(sv.liquid, t), z3<Q>(sv.vapour, t), 0, 0, t});
+        if (pb < ps && r3(ireg_r3_vapour, v3_vapour(pb, t, eps), sv.vapour)) return line;
+        if (wet(ireg_wet_r3, ps, z3<Q>(sv.liquid, t), z3<Q>(sv.vapour, t))) return line;
         r3(ireg_r3_liquid, sv.liquid, v3_liquid(p_max, t, eps));
         return line;
     }
-    if (pb < p_max) {
-        r2(pb);
-        r3(ireg_r3_vapour, v3_vapour(pb, t, eps), v3_vapour(p_max, t, eps));
-    } else {
+    if (pb >= p_max) {
         r2(p_max);
+        return line;
     }
+    if (r2(pb)) return line;
+    r3(ireg_r3_vapour, v3_vapour(pb, t, eps), v3_vapour(p_max, t, eps));
     return line;
 }
 
@@ -437,7 +454,7 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
         pwser(name, code, t, z);
     }
     t = std::clamp(t, t_sub1_min, t2_max);
-    const Line line = isotherm<Q>(t, eps);
+    const Line line = isotherm<Q>(t, z, eps);
     for (std::size_t k = 0; k < line.n; ++k) {
         const Piece& c = line.piece[k];
         if (!within(z, c.z_lo, c.z_hi, std::fabs(z * eps))) continue;
