@@ -299,8 +299,15 @@ Line isobar(double p, double z, double eps) {
         line.add({ireg, t_lo, t_hi, z3<Q>(v_lo, t_lo), z3<Q>(v_hi, t_hi), v_lo, v_hi});
         return reached();
     };
+    const double ts = p < crit_p ? pws_it(p) : crit_t;
+    // A vapour state is found in region 2 without the pieces below it.
+    const bool below_boundary = p < crit_p && (ts <= t_sub1_max || p < selection_boundary_pressure(ts));
+    const double t2_lo = below_boundary ? ts : selection_boundary_temperature(p);
+    if (z >= z2<Q>(p, t2_lo)) {
+        r2(t2_lo);
+        return line;
+    }
     if (p < crit_p) {
-        const double ts = pws_it(p);
         if (ts <= t_sub1_max) {
             if (r1(ts)) return line;
             line.add({ireg_wet, ts, ts, z1<Q>(p, ts), z2<Q>(p, ts), 0, 0, ts});
