@@ -507,6 +507,15 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
     return c.ireg;
 }
 
+// pwsrpv without range reports, (p, v) in (a, b).
+std::int32_t quiet_pv(double& a, double& b, double eps) {
+    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps, false);
+}
+// pwsrts without range reports, with (s, t) in (a, b) (the isotherm's order).
+std::int32_t quiet_ts(double& a, double& b, double eps) {
+    return invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps, false);
+}
+
 // ---------------------------------------------------------------------------
 // Outer iteration of pwsrvh, pwsrvs, pwsrvu, pwsrhs, pwsrus: f(x, fixed, eps)
 // - target on [a, b] by secant steps, each followed by one midpoint evaluation
@@ -623,10 +632,12 @@ std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double
         pwser(name_pwsrhs, code_hs, z, s);
         t = s < pws_e1(p_max, t_sub1_min) ? t_sub1_min : t2_max;
     }
-    double ta = t, sb = s;
-    const std::int32_t ireg = pwsrts(ta, sb, eps);
-    a = ta;
-    b = sb;
+    // The state of the isentrope at t, quietly: a value out of range has
+    // been reported above.
+    double za = s, tb = t;
+    const std::int32_t ireg = quiet_ts(za, tb, eps);
+    a = za;
+    b = tb;
     return ireg;
 }
 
@@ -644,14 +655,6 @@ double mixed_entropy(double t, double x) {
 
 double inner_eps(double eps) { return std::min(eps, entry_eps) * inner_eps_factor; }
 
-// pwsrpv without range reports, (p, v) in (a, b).
-std::int32_t quiet_pv(double& a, double& b, double eps) {
-    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps, false);
-}
-// pwsrts without range reports, with (s, t) in (a, b) (the isotherm's order).
-std::int32_t quiet_ts(double& a, double& b, double eps) {
-    return invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps, false);
-}
 
 }  // namespace
 

@@ -322,6 +322,13 @@ TEST_F(PackageTest, OutOfRangeInputIsReportedOnceAndClampedToTheRange) {
     EXPECT_EQ(a, pws::p_min);
     EXPECT_EQ(b, 500.0);
     EXPECT_EQ(errors(), 3);
+
+    a = 1.0E5, b = 7.0;  // H, S: hotter than 800 C on the isentrope
+    EXPECT_EQ(pws::pwsrhs(a, b, eps), 2);
+    EXPECT_EQ(b, pws::t2_max);
+    EXPECT_EQ(errors(), 4);
+    EXPECT_EQ(records.back().line,
+              " *** PWSFTN-ERROR: Out of range, H=  1.00000000E+05, S=  7.00000000E+00 ***");
 }
 
 TEST_F(PackageTest, StatesAtTheEdgeOfTheRangeAreInside) {
