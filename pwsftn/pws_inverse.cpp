@@ -42,6 +42,7 @@ constexpr std::int32_t code_ts = 25;
 constexpr std::int32_t code_hs = 35;
 
 // Report lines of the inverse routines (error channel, not counted).
+// Intended: pwsrth writes "CAN NOT", pwsrtu and pwsrus "CANNOT".
 constexpr std::string_view subregion_can_not = " SUB-REGION CAN NOT BE CALCULATED IN THIS STATE";
 constexpr std::string_view subregion_cannot = " SUB-REGION CANNOT BE CALCULATED IN THIS STATE";
 constexpr std::string_view not_in_wet_region = " POINT IS NOT IN WET-REGION  S=";

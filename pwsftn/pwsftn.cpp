@@ -22,6 +22,7 @@ constexpr std::array<std::string_view, 9> key_table{"P   ", "T   ", "V   ", "H  
 // Channel-13 messages (list-directed lines).
 constexpr std::string_view illegal_region_head = "*** PWSFTN-ERROR: illegal region calculated: ";
 constexpr std::string_view illegal_region_label = "IREG = ";
+// Intended: "dependend" is the message's own spelling.
 constexpr std::string_view illegal_key_head = "*** PWSFTN-ERROR: illegal dependend property: ";
 constexpr std::string_view wet_transport_head = "*** PWSFTN-ERROR: CP, DV, TC cannot be calculated ";
 constexpr std::string_view wet_transport_tail = "in wet region ***";
@@ -59,6 +60,8 @@ bool ends_key(char c) { return c == '.' || c == ',' || c == ' '; }
 void read_key(std::string_view text, std::size_t& i, std::array<char, key_width>& buffer) {
     buffer.fill(' ');
     ++i;  // step over the separator (for the first key: onto the first character)
+    // Intended: a longer key is cut to 4 characters, and since its fifth
+    // character is not "," the list ends there.
     for (std::size_t n = 0; n < key_width && !ends_key(at(text, i)); ++n, ++i) buffer[n] = at(text, i);
 }
 
