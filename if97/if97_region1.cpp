@@ -30,7 +30,7 @@ constexpr double region1_t_star = 1386.0;  // K
 Properties region1(double p, double t) {
     const double pi = p / region1_p_star;
     const double tau = region1_t_star / t;
-    Series g = sum_series<-2, 32, -43, 17>(region1_terms, 7.1 - pi, tau - 1.222);
+    Series g = sum_series<0, 32, -41, 17>(region1_terms, 7.1 - pi, tau - 1.222);
     g.fa = -g.fa;  // d/dpi = -d/d(7.1 - pi)
     g.fab = -g.fab;
     return from_gibbs(g, pi, tau, p, t);

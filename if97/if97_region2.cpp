@@ -82,7 +82,7 @@ Properties region2(double p, double t) {
     const double pi = p;
     const double tau = region2_t_star / t;
     Series g = ideal_part(pi, tau, region2_ideal_terms[0].n, region2_ideal_terms[1].n);
-    add(g, sum_series<-1, 24, -2, 58>(region2_residual_terms, pi, tau - 0.5));
+    add(g, sum_series<0, 24, 0, 58>(region2_residual_terms, pi, tau - 0.5));
     return from_gibbs(g, pi, tau, p, t);
 }
 
@@ -91,7 +91,7 @@ Properties region2_metastable(double p, double t) {
     const double pi = p;
     const double tau = region2_t_star / t;
     Series g = ideal_part(pi, tau, metastable_ideal_n1, metastable_ideal_n2);
-    add(g, sum_series<-1, 5, -2, 16>(metastable_residual_terms, pi, tau - 0.5));
+    add(g, sum_series<0, 5, 0, 16>(metastable_residual_terms, pi, tau - 0.5));
     return from_gibbs(g, pi, tau, p, t);
 }
 

@@ -32,7 +32,7 @@ constexpr double region3_n1 = 0.10658070028513e1;
 Properties region3(double rho, double t) {
     const double delta = rho / critical_density;
     const double tau = critical_temperature / t;
-    Series phi = sum_series<-2, 11, -2, 26>(region3_terms, delta, tau);
+    Series phi = sum_series<0, 11, 0, 26>(region3_terms, delta, tau);
     phi.f += region3_n1 * std::log(delta);
     phi.fa += region3_n1 / delta;
     phi.faa -= region3_n1 / (delta * delta);

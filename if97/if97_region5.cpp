@@ -26,7 +26,7 @@ constexpr double region5_t_star = 1000.0;  // K; p* = 1 MPa
 Properties region5(double p, double t) {
     const double pi = p;
     const double tau = region5_t_star / t;
-    Series g = sum_series<-1, 3, -1, 9>(region5_residual_terms, pi, tau);
+    Series g = sum_series<0, 3, 0, 9>(region5_residual_terms, pi, tau);
     const Powers<-5, 2> tp(tau);
     g.f += std::log(pi);
     g.fa += 1.0 / pi;

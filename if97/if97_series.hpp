@@ -19,23 +19,26 @@ struct IdealTerm {
     double n;
 };
 
-// x^k for Lo <= k <= Hi, built by repeated multiplication (far cheaper than
-// std::pow for the exponents of the tables). For x = 0 the negative powers
-// are set to 0: they only ever multiply terms whose derivative factor is 0.
+// x^k for Lo <= k <= Hi (Lo <= 0 <= Hi), each power the product of two
+// lower ones, x^k = x^(k/2)·x^(k-k/2), so that the chain of dependent
+// multiplications stays short; far cheaper than std::pow for the exponents
+// of the tables.
 template <int Lo, int Hi>
 class Powers {
+    static_assert(Lo <= 0 && Hi >= 0);
 public:
     explicit Powers(double x) {
         v_[index(0)] = 1.0;
-        for (int k = 1; k <= Hi; ++k) v_[index(k)] = v_[index(k - 1)] * x;
-        const double inv = x != 0.0 ? 1.0 / x : 0.0;
-        for (int k = -1; k >= Lo; --k) v_[index(k)] = v_[index(k + 1)] * inv;
+        if constexpr (Hi >= 1) v_[index(1)] = x;
+        if constexpr (Lo <= -1) v_[index(-1)] = 1.0 / x;
+        for (int k = 2; k <= Hi; ++k) v_[index(k)] = v_[index(k / 2)] * v_[index(k - k / 2)];
+        for (int k = -2; k >= Lo; --k) v_[index(k)] = v_[index(k / 2)] * v_[index(k - k / 2)];
     }
     double operator[](int k) const { return v_[index(k)]; }
 
 private:
     static constexpr std::size_t index(int k) { return static_cast<std::size_t>(k - Lo); }
-    std::array<double, static_cast<std::size_t>(Hi - Lo + 1)> v_{};
+    std::array<double, static_cast<std::size_t>(Hi - Lo + 1)> v_;  // every entry set above
 };
 
 // A function f(a, b) with its partial derivatives up to the second order.
@@ -49,7 +52,10 @@ struct Series {
 };
 
 // Sum of n·a^I·b^J over a table, with derivatives in a and b. ALo..AHi and
-// BLo..BHi must cover the exponents of the table lowered by 2.
+// BLo..BHi must cover the exponents of the table; a and b must not be 0.
+// Each term x = n·a^I·b^J is formed once: its derivatives are I·x/a,
+// I(I-1)·x/a², J·x/b, J(J-1)·x/b² and I·J·x/(a·b), so the divisions are
+// done once on the sums.
 template <int ALo, int AHi, int BLo, int BHi>
 Series sum_series(std::span<const Term> terms, double a, double b) {
     const Powers<ALo, AHi> pa(a);
@@ -58,17 +64,21 @@ Series sum_series(std::span<const Term> terms, double a, double b) {
     for (const Term& t : terms) {
         const double i = t.i;
         const double j = t.j;
-        const double na = t.n * pa[t.i];
-        const double na1 = t.n * pa[t.i - 1];
-        const double bj = pb[t.j];
-        const double bj1 = pb[t.j - 1];
-        s.f += na * bj;
-        s.fa += i * na1 * bj;
-        s.faa += i * (i - 1.0) * t.n * pa[t.i - 2] * bj;
-        s.fb += j * na * bj1;
-        s.fbb += j * (j - 1.0) * na * pb[t.j - 2];
-        s.fab += i * j * na1 * bj1;
+        const double x = t.n * pa[t.i] * pb[t.j];
+        s.f += x;
+        s.fa += i * x;
+        s.faa += i * (i - 1.0) * x;
+        s.fb += j * x;
+        s.fbb += j * (j - 1.0) * x;
+        s.fab += i * j * x;
     }
+    const double inv_a = 1.0 / a;
+    const double inv_b = 1.0 / b;
+    s.fa *= inv_a;
+    s.faa *= inv_a * inv_a;
+    s.fb *= inv_b;
+    s.fbb *= inv_b * inv_b;
+    s.fab *= inv_a * inv_b;
     return s;
 }
 
