@@ -1,191 +1,160 @@
-// Test support for the mixture thermodynamics: an independent reader of the
-// gas data file, mixtures owned by a test, the loaded-table fixture and the
-// CSV tables of tests/data/thermo.
+// Test support for the mixture thermodynamics: the CSV tables of
+// tests/data/thermo, gas-table rows evaluated by direct power sums, mixtures
+// owned by a test, the loaded-table fixture and the expected water values.
 #pragma once
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <fstream>
-#include <map>
+#include <limits>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "fluiddata/od_fluiddata.hpp"
-#include "fluiddata/od_types.hpp"
 #include "thermo/od_h2o.hpp"
 #include "thermo/od_transport.hpp"
 
 namespace thermo_test {
 
-inline constexpr double r_gas = 8.3143;
-inline std::string gas_file() { return std::string(ONDREL_SOURCE_DATA_DIR) + "Ondrel.Dat"; }
-inline std::string data_dir() { return std::string(ONDREL_TEST_DATA_DIR) + "thermo/"; }
+inline constexpr double r_gas = 8.3143;    // J/(mol K), the library's gas constant
+inline constexpr double p_ref = 101325.0;  // Pa, reference pressure of entropies
+inline constexpr double qnan = std::numeric_limits<double>::quiet_NaN();
+inline constexpr double inf = std::numeric_limits<double>::infinity();
+inline const std::string data_dir = ONDREL_TEST_DATA_DIR "thermo/";
 
-// One component block of the gas data file, read by fixed columns.
-struct Row {
-    double tmin = 0, tmax = 0, mmol = 0, sigma = 0, eps = 0;
-    std::array<std::array<double, 7>, 2> coef{};  // range 1 (above 1000 K), range 2
-
-    const std::array<double, 7>& at(double t) const {
-        const int r = t > 1000.0 ? 0 : 1;
-        return coef[r][0] != 0.0 ? coef[r] : coef[1 - r];
+// One data row of a CSV table (a comment line naming the source, a header, data).
+struct CsvRow {
+    std::shared_ptr<const std::vector<std::string>> header;
+    std::vector<std::string> cells;
+    std::string operator[](const std::string& col) const {  // "" for a missing trailing cell
+        for (std::size_t c = 0; c < header->size(); ++c)
+            if ((*header)[c] == col) return c < cells.size() ? cells[c] : "";
+        throw std::runtime_error("no column " + col);
     }
-    // Direct power sums of the NASA polynomials, divided by R.
-    double cp(double t) const {
-        const auto& a = at(t);
-        return a[0] + a[1] * t + a[2] * t * t + a[3] * std::pow(t, 3) + a[4] * std::pow(t, 4);
-    }
-    double h(double t) const {
-        const auto& a = at(t);
-        return a[0] * t + a[1] * t * t / 2 + a[2] * std::pow(t, 3) / 3 + a[3] * std::pow(t, 4) / 4 +
-               a[4] * std::pow(t, 5) / 5 + a[5];
-    }
-    double s(double t) const {  // without the pressure term
-        const auto& a = at(t);
-        return a[0] * std::log(t) + a[1] * t + a[2] * t * t / 2 + a[3] * std::pow(t, 3) / 3 +
-               a[4] * std::pow(t, 4) / 4 + a[6];
-    }
-    double dcp(double t) const {
-        const auto& a = at(t);
-        return a[1] + 2 * a[2] * t + 3 * a[3] * t * t + 4 * a[4] * std::pow(t, 3);
-    }
+    double num(const std::string& col) const { return std::stod((*this)[col]); }
 };
+inline void PrintTo(const CsvRow& r, std::ostream* os) { *os << r.cells.at(0); }
+inline std::string row_name(const ::testing::TestParamInfo<CsvRow>& info) { return info.param.cells.at(0); }
 
-inline double field(const std::string& line, std::size_t col, std::size_t width) {
-    if (col >= line.size()) return 0.0;
-    const std::string f = line.substr(col, width);
-    if (f.find_first_not_of(' ') == std::string::npos) return 0.0;
-    return std::stod(f);
-}
-
-// name -> row of the project's gas data file.
-inline std::map<std::string, Row> read_gas_file(const std::string& path) {
-    std::ifstream in(path);
-    if (!in) throw std::runtime_error("cannot open " + path);
-    std::map<std::string, Row> rows;
-    std::string line, l2, l3, l4;
-    std::getline(in, line);  // header
-    while (std::getline(in, line) && std::getline(in, l2) && std::getline(in, l3) && std::getline(in, l4)) {
-        std::string name = line.substr(0, 8);
-        name.erase(name.find_last_not_of(' ') + 1);
-        Row r;
-        r.tmin = field(line, 45, 10);
-        r.tmax = field(line, 55, 10);
-        r.mmol = field(line, 65, 12);
-        std::array<double, 14> c{};
-        for (int k = 0; k < 14; ++k) {
-            const std::string& l = k < 5 ? l2 : k < 10 ? l3 : l4;
-            c[k] = field(l, 15 * (k % 5), 15);
-        }
-        for (int k = 0; k < 14; ++k) r.coef[k / 7][k % 7] = c[k];
-        r.sigma = field(l4, 60, 10);
-        r.eps = field(l4, 70, 10);
-        rows.emplace(name, r);
+inline std::vector<CsvRow> table(const std::string& file) {
+    std::ifstream in(data_dir + file);
+    if (!in) throw std::runtime_error("cannot open " + file);
+    auto header = std::make_shared<std::vector<std::string>>();
+    std::vector<CsvRow> rows;
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        std::vector<std::string> cells;
+        std::istringstream s(line);
+        for (std::string c; std::getline(s, c, ',');) cells.push_back(c);
+        if (header->empty()) *header = cells; else rows.push_back({header, cells});
     }
     return rows;
 }
 
-inline const std::map<std::string, Row>& gas_rows() {
-    static const std::map<std::string, Row> rows = read_gas_file(gas_file());
-    return rows;
-}
-inline const Row& row(const std::string& name) { return gas_rows().at(name); }
+// A gas-table row with its NASA polynomials (divided by R) as direct power sums.
+struct Row {
+    const od::fluiddata::TableRow& t;
+    const std::array<double, 7>& a(double T) const {  // range 1 above 1000 K unless empty
+        const int k = T > 1000.0 ? 0 : 1;
+        return t.coef[k][0] != 0.0 ? t.coef[k] : t.coef[1 - k];
+    }
+    double cp(double T) const { const auto& c = a(T); return c[0] + c[1] * T + c[2] * T * T + c[3] * std::pow(T, 3) + c[4] * std::pow(T, 4); }
+    double h(double T) const {
+        const auto& c = a(T);
+        return c[0] * T + c[1] * T * T / 2 + c[2] * std::pow(T, 3) / 3 + c[3] * std::pow(T, 4) / 4 + c[4] * std::pow(T, 5) / 5 + c[5];
+    }
+    double s(double T) const {  // at the reference pressure
+        const auto& c = a(T);
+        return c[0] * std::log(T) + c[1] * T + c[2] * T * T / 2 + c[3] * std::pow(T, 3) / 3 + c[4] * std::pow(T, 4) / 4 + c[6];
+    }
+    double dcp(double T) const { const auto& c = a(T); return c[1] + 2 * c[2] * T + 3 * c[3] * T * T + 4 * c[4] * std::pow(T, 3); }
+};
+inline Row row(std::string_view name) { return {od::fluiddata::table_row(od::fluiddata::getidx(od::CompName::from(name)))}; }
 
-// A mixture owned by the test.
+// A mixture owned by the test, from "N2=0.78 O2=0.21".
 struct TestMix {
     std::vector<od::CompName> names;
     std::vector<std::string> text;
     std::vector<double> conc;
-
-    TestMix() = default;
-    TestMix(std::initializer_list<std::pair<const char*, double>> comps) {
-        for (const auto& [n, c] : comps) add(n, c);
+    explicit TestMix(const std::string& spec = "") {
+        std::istringstream in(spec);
+        for (std::string item; in >> item;) {
+            text.push_back(item.substr(0, item.find('=')));
+            names.push_back(od::CompName::from(text.back()));
+            conc.push_back(std::stod(item.substr(item.find('=') + 1)));
+        }
     }
-    void add(const std::string& n, double c) {
-        text.push_back(n);
-        names.push_back(od::CompName::from(n));
-        conc.push_back(c);
-    }
-    od::Mixture mix() const { return {names, conc}; }
-    void store() const { od::fluiddata::storeidx(names); }
+    // Stores the names, as a caller does before evaluating, and views the mixture.
+    od::Mixture mix() const { od::fluiddata::storeidx(names); return {names, conc}; }
 };
 
-// "N2=0.78 O2=0.21" -> mixture.
-inline TestMix parse_mix(const std::string& spec) {
-    TestMix m;
-    std::istringstream in(spec);
-    std::string item;
-    while (in >> item) {
-        const auto eq = item.find('=');
-        m.add(item.substr(0, eq), std::stod(item.substr(eq + 1)));
-    }
-    return m;
-}
-
-// Rows of a CSV table: a comment line naming the source, a header, then data.
-struct Csv {
-    std::vector<std::string> header;
-    std::vector<std::vector<std::string>> rows;
-    std::string get(std::size_t r, const std::string& col) const {
-        for (std::size_t c = 0; c < header.size(); ++c)
-            if (header[c] == col) return rows.at(r).at(c);
-        throw std::runtime_error("no column " + col);
-    }
-    double num(std::size_t r, const std::string& col) const { return std::stod(get(r, col)); }
-};
-
-inline std::vector<std::string> split_csv(const std::string& line) {
-    std::vector<std::string> out;
-    std::string cell;
-    std::istringstream in(line);
-    while (std::getline(in, cell, ',')) out.push_back(cell);
-    return out;
-}
-
-inline Csv read_csv(const std::string& file) {
-    std::ifstream in(data_dir() + file);
-    if (!in) throw std::runtime_error("cannot open " + file);
-    Csv csv;
-    std::string line;
-    while (std::getline(in, line)) {
-        if (line.empty() || line[0] == '#') continue;
-        if (csv.header.empty())
-            csv.header = split_csv(line);
-        else
-            csv.rows.push_back(split_csv(line));
-    }
-    return csv;
-}
-
-// The project's gas table loaded afresh, every saved value forgotten.
+// A gas table loaded afresh (the project's by default), every saved value forgotten.
 class LoadedTable : public ::testing::Test {
 protected:
-    void SetUp() override {
+    void SetUp() override { load(ONDREL_SOURCE_DATA_DIR "Ondrel.Dat"); }
+    void load(const std::string& path) {
         od::fluiddata::reset_for_tests();
-        od::fluiddata::readgasfile(gas_file());
+        od::fluiddata::readgasfile(path);
         od::fluiddata::setdbread();
+        TestMix("N2=1").mix();  // a stored mixture, through which the "H2O" and "H2O(L)" rows are found
         od::h2o::reset_for_tests();
         od::transport::reset_for_tests();
-        ASSERT_GT(od::fluiddata::table_size(), 0) << "no gas table at " << gas_file();
+        ASSERT_GT(od::fluiddata::table_size(), 0) << "no gas table at " << path;
     }
 };
+class TableTest : public LoadedTable, public ::testing::WithParamInterface<CsvRow> {};
 
-// Row numbers 0..n-1 of a CSV table, for a parameterised test walking it.
-inline std::vector<std::size_t> row_numbers(const std::string& file) {
-    std::vector<std::size_t> r(read_csv(file).rows.size());
-    for (std::size_t i = 0; i < r.size(); ++i) r[i] = i;
-    return r;
+// A value of the IF97 state `label` of if97_water.csv.
+inline double if97(const std::string& label, const std::string& col) {
+    static const std::vector<CsvRow> states = table("if97_water.csv");
+    for (const CsvRow& r : states)
+        if (r["label"] == label) return r.num(col);
+    throw std::runtime_error("no IF97 state " + label);
 }
 
-// The value of an IF97 state of if97_water.csv by label and column.
-inline double if97(const std::string& label, const std::string& column) {
-    static const Csv csv = read_csv("if97_water.csv");
-    for (std::size_t r = 0; r < csv.rows.size(); ++r)
-        if (csv.get(r, "label") == label) return csv.num(r, column);
-    throw std::runtime_error("no IF97 state " + label);
+// h/R (K), s/R, cp/R and molar volume (m3/mol) of one mole of water.
+struct Part {
+    double h = 0, s = 0, cp = 0, v = 0;
+};
+
+// The IF97 state on the gas-table reference (matched to "H2O" at 1.01325 bar,
+// 1073.15 K); outside 273.16..1073.15 K carried to t along the gas-table row `along`.
+inline Part if97_part(const std::string& label, double t, std::string_view along) {
+    const Row w = row("H2O");
+    const double r = r_gas / w.t.mmol, ts = if97(label, "T_K");
+    const double h_corr = w.h(1073.15) - if97("reference", "h_J_per_kg") / r;
+    const double s_corr = w.s(1073.15) - if97("reference", "s_J_per_kgK") / r;
+    Part q{if97(label, "h_J_per_kg") / r + h_corr, if97(label, "s_J_per_kgK") / r + s_corr,
+           if97(label, "cp_J_per_kgK") / r, if97(label, "v_m3_per_kg") * w.t.mmol};
+    if (t > 1073.15 || t < 273.16) {
+        const Row e = row(along);
+        q = {q.h + e.h(t) - e.h(ts), q.s + e.s(t) - e.s(ts), q.cp + e.cp(t) - e.cp(ts), q.v * t / ts};
+    }
+    return q;
+}
+
+// Water of fraction xw at (p, t) as its vapour and liquid parts: IF97 labels,
+// "H2O" for the ideal gas of the gas table, "" for none.
+inline Part water(double xw, double p, double t, const std::string& vap, const std::string& liq) {
+    Part v, l;
+    double p_h2o = xw * p;
+    if (vap == "H2O") {
+        const Row w = row("H2O");
+        v = {w.h(t), w.s(t) - std::log(p / p_ref), w.cp(t), r_gas * t / p};
+    } else if (!vap.empty()) {
+        v = if97_part(vap, t, "H2O");
+        p_h2o = std::min(p_h2o, if97(vap, "p_Pa"));  // saturated vapour stays at psat
+    }
+    if (!liq.empty()) l = if97_part(liq, t, "H2O(L)");
+    const double f = liq.empty() ? 0.0 : vap.empty() ? 1.0 : (xw - p_h2o / p) / xw;  // condensed share
+    v.v *= p_h2o / p;  // the vapour fills the volume at its partial pressure
+    return {(1 - f) * v.h + f * l.h, (1 - f) * v.s + f * l.s, (1 - f) * v.cp + f * l.cp, (1 - f) * v.v + f * l.v};
 }
 
 }  // namespace thermo_test
