@@ -2,6 +2,7 @@
 // rho in kg/m3, v in m3/kg, h and u in kJ/kg, s, cp, cv in kJ/(kg K), w in
 // m/s. None checks its range of validity; the callers in if97_state do.
 #pragma once
+#include "if97/if97_constants.hpp"
 #include "if97/if97_series.hpp"
 
 namespace if97 {
@@ -51,10 +52,29 @@ double p_b23(double t);
 // Boundary between regions 2 and 3: temperature from pressure, K.
 double t_b23(double p);
 
-// First derivatives of h and s
-// with respect to T and p along the other variable, from one phase's
-// properties (kJ/(kg K), kJ/(kg MPa), kJ/(kg K MPa)).
-inline double dh_dp_t(const Properties& st) { return st.v * (1.0 - st.t * st.alpha) * 1000.0; }
-inline double ds_dp_t(const Properties& st) { return -st.v * st.alpha * 1000.0; }
+// First derivatives from one phase's properties. Along an isotherm with p
+// as variable: dh/dp, ds/dp (kJ/(kg MPa), kJ/(kg K MPa)).
+inline double dh_dp_t(const Properties& st) { return st.v * (1.0 - st.t * st.alpha) * kj_per_mpa_m3; }
+inline double ds_dp_t(const Properties& st) { return -st.v * st.alpha * kj_per_mpa_m3; }
+// With density and temperature as variables (the variables of region 3):
+// dp/drho at constant T (MPa m3/kg) and dp/dT at constant rho (MPa/K).
+inline double dp_drho_t(const Properties& st) { return 1.0 / (st.rho * st.kappa); }
+inline double dp_dt_rho(const Properties& st) { return st.alpha / st.kappa; }
+// dh/drho at constant T, dh/dT at constant rho, from h = u + p/rho and
+// du/dv = T dp/dT - p (kJ m3/kg2, kJ/(kg K)).
+inline double dh_drho_t(const Properties& st) {
+    return (st.rho * dp_drho_t(st) - st.t * dp_dt_rho(st)) / (st.rho * st.rho) * kj_per_mpa_m3;
+}
+inline double dh_dt_rho(const Properties& st) { return st.cv + dp_dt_rho(st) / st.rho * kj_per_mpa_m3; }
+// ds/drho at constant T (a Maxwell relation) and ds/dT at constant rho.
+inline double ds_drho_t(const Properties& st) {
+    return -dp_dt_rho(st) / (st.rho * st.rho) * kj_per_mpa_m3;
+}
+inline double ds_dt_rho(const Properties& st) { return st.cv / st.t; }
+// du/drho at constant T and du/dT at constant rho.
+inline double du_drho_t(const Properties& st) {
+    return (st.p - st.t * dp_dt_rho(st)) / (st.rho * st.rho) * kj_per_mpa_m3;
+}
+inline double du_dt_rho(const Properties& st) { return st.cv; }
 
 }  // namespace if97

@@ -22,6 +22,7 @@ constexpr int newton_max_iter = 200;
 // Every this many Newton steps one bisection step guarantees progress.
 constexpr int bisect_every = 4;
 constexpr int fast_newton_max_iter = 8;
+constexpr int newton_2d_max_iter = 16;
 // A backward temperature this far (K) from a region boundary is taken as
 // naming the region; the Newton result is checked against the boundary.
 constexpr double backward_margin = 0.5;
@@ -33,10 +34,11 @@ constexpr int isotherm_scan = 8;
 constexpr double too_hot = 1e10;
 constexpr double too_cold = -1e10;
 
-enum class Quantity { h, s, u, v };
+enum class Quantity { p, h, s, u, v };
 
 double value(const Properties& st, Quantity q) {
     switch (q) {
+        case Quantity::p: return st.p;
         case Quantity::h: return st.h;
         case Quantity::s: return st.s;
         case Quantity::u: return st.u;
@@ -48,12 +50,140 @@ double value(const Properties& st, Quantity q) {
 // d(quantity)/dT at constant p.
 double slope_t(const Properties& st, Quantity q) {
     switch (q) {
+        case Quantity::p: return 0.0;
         case Quantity::h: return st.cp;
         case Quantity::s: return st.cp / st.t;
         case Quantity::u: return st.cp - st.p * st.v * st.alpha * kj_per_mpa_m3;
         case Quantity::v: return st.v * st.alpha;
     }
     return nan;
+}
+
+// Partial derivatives of a quantity in the two variables of a 2-D Newton
+// iteration: x is p (at constant T) for the Gibbs regions and rho (at
+// constant T) for region 3; t is T at constant x.
+struct Gradient {
+    double x;
+    double t;
+};
+
+Gradient gradient_p_t(const Properties& st, Quantity q) {
+    const double u_of_p = dh_dp_t(st) - st.v * (1.0 - st.p * st.kappa) * kj_per_mpa_m3;
+    switch (q) {
+        case Quantity::p: return {1.0, 0.0};
+        case Quantity::h: return {dh_dp_t(st), st.cp};
+        case Quantity::s: return {ds_dp_t(st), st.cp / st.t};
+        case Quantity::u: return {u_of_p, slope_t(st, q)};
+        case Quantity::v: return {-st.v * st.kappa, st.v * st.alpha};
+    }
+    return {nan, nan};
+}
+
+Gradient gradient_rho_t(const Properties& st, Quantity q) {
+    switch (q) {
+        case Quantity::p: return {dp_drho_t(st), dp_dt_rho(st)};
+        case Quantity::h: return {dh_drho_t(st), dh_dt_rho(st)};
+        case Quantity::s: return {ds_drho_t(st), ds_dt_rho(st)};
+        case Quantity::u: return {du_drho_t(st), du_dt_rho(st)};
+        case Quantity::v: return {-st.v * st.v, 0.0};
+    }
+    return {nan, nan};
+}
+
+// Two conditions on a state: q1 = target1 and q2 = target2.
+struct Conditions {
+    Quantity q1;
+    double target1;
+    Quantity q2;
+    double target2;
+};
+
+bool condition_met(const Properties& st, Quantity q, double target, const Gradient& g, double x) {
+    const double scale = std::fabs(target) + std::fabs(g.x * x) + std::fabs(g.t * st.t);
+    return std::fabs(value(st, q) - target) <= rel_tol * scale;
+}
+
+// Newton in (x, T) on both conditions with the forward equation eval(x, T);
+// in ln x when log_x (x a pressure that may span decades). Empty when it
+// leaves x > 0, T > 0, meets a singular step or does not converge within
+// a few steps: the callers then fall back to their bracketed searches.
+template <class Eval, class Grad>
+std::optional<Properties> newton_2d(Eval eval, Grad grad, const Conditions& c, double x, double t,
+                                    bool log_x) {
+    for (int iter = 0; iter < newton_2d_max_iter; ++iter) {
+        if (!(x > 0.0 && t > 0.0) || !std::isfinite(x) || !std::isfinite(t)) return std::nullopt;
+        const Properties st = eval(x, t);
+        const Gradient g1 = grad(st, c.q1);
+        const Gradient g2 = grad(st, c.q2);
+        if (condition_met(st, c.q1, c.target1, g1, x) && condition_met(st, c.q2, c.target2, g2, x)) {
+            return st;
+        }
+        const double r1 = value(st, c.q1) - c.target1;
+        const double r2 = value(st, c.q2) - c.target2;
+        const double a11 = log_x ? g1.x * x : g1.x;
+        const double a21 = log_x ? g2.x * x : g2.x;
+        const double det = a11 * g2.t - g1.t * a21;
+        if (!(std::fabs(det) > 0.0)) return std::nullopt;
+        const double dx = (r1 * g2.t - r2 * g1.t) / det;
+        const double dt = (a11 * r2 - a21 * r1) / det;
+        x = log_x ? x * std::exp(-dx) : x - dx;
+        t -= dt;
+    }
+    return std::nullopt;
+}
+
+// The state of a region-3 solution when it is the stable region-3 state
+// of its (p, T): mechanically stable, inside region 3, and below the
+// critical temperature on the side of the critical density that its
+// pressure names (liquid at or above psat(T), vapour below).
+std::optional<State> region3_state(const Properties& st) {
+    Error e;
+    if (!(st.kappa > 0.0) || region_pt(st.p, st.t, e) != 3) return std::nullopt;
+    if (st.t < critical_temperature) {
+        const bool liquid = st.rho > critical_density;
+        if (liquid != (st.p >= psat(st.t))) return std::nullopt;
+    }
+    return State{3, st.rho > critical_density ? 0.0 : 1.0, st};
+}
+
+// Region 3 from both conditions, Newton in (rho, T) from (rho0, t0).
+std::optional<State> newton_region3(const Conditions& c, double rho0, double t0) {
+    const auto st = newton_2d([](double rho, double t) { return region3(rho, t); }, gradient_rho_t,
+                              c, rho0, t0, false);
+    if (!st) return std::nullopt;
+    return region3_state(*st);
+}
+
+// A Gibbs region (1, 2 or 5) from both conditions, Newton in (p, T) from
+// (p0, t0); in ln p for the vapour regions. Any region number other than
+// 1, 2, 5 gives nothing.
+std::optional<Properties> newton_gibbs(int region, const Conditions& c, double p0, double t0) {
+    switch (region) {
+        case 1: return newton_2d(region1, gradient_p_t, c, p0, t0, false);
+        case 2: return newton_2d(region2, gradient_p_t, c, p0, t0, true);
+        case 5: return newton_2d(region5, gradient_p_t, c, p0, t0, true);
+        default: return std::nullopt;
+    }
+}
+
+// The state satisfying both conditions, searched by Newton in the given
+// region from (x0, t0), x0 being p for a Gibbs region and rho for region 3.
+// A solution that lands in another region is searched once more in that
+// region from where it landed; empty when neither is a valid state.
+std::optional<State> solve_in_region(int region, const Conditions& c, double x0, double t0) {
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (region == 3) return newton_region3(c, x0, t0);
+        const auto st = newton_gibbs(region, c, x0, t0);
+        if (!st) return std::nullopt;
+        Error e;
+        const int landed = region_pt(st->p, st->t, e);
+        if (landed == region) return State{region, region == 1 ? 0.0 : 1.0, *st};
+        if (landed == 0) return std::nullopt;
+        region = landed;
+        x0 = landed == 3 ? st->rho : st->p;
+        t0 = st->t;
+    }
+    return std::nullopt;
 }
 
 double t_upper(double p) { return p <= p_max_region5 ? t_max_region5 : t_max_region2; }
@@ -130,12 +260,24 @@ double t_max_density(double p) {
     return std::isnan(t) ? t_min : t;
 }
 
-// Start temperature from the backward equations for (p, h) and (p, s).
+// Start values from the backward equations for (p, h) and (p, s): T in
+// regions 1, 2 and 3, and v in region 3.
 struct Backward {
     double (*region1)(double, double);
     double (*region2)(double, double);
     double (*region3)(double, double);
+    double (*region3_v)(double, double);
 };
+
+// Region 3 on an isobar from the backward T and v: Newton in (rho, T) on
+// p3(rho, T) = p and quantity3(rho, T) = target.
+std::optional<State> isobar_region3(double p, double target, Quantity q, const Backward& backward) {
+    const double t0 = backward.region3(p, target);
+    const double rho0 = 1.0 / backward.region3_v(p, target);
+    auto st = newton_region3(Conditions{Quantity::p, p, q, target}, rho0, t0);
+    if (st) st->props.p = p;
+    return st;
+}
 
 StateResult solve_isobar(double p, double target, Quantity q, const Backward* backward) {
     if (!std::isfinite(p) || !std::isfinite(target)) return failure(Error::not_finite);
@@ -162,7 +304,12 @@ StateResult solve_isobar(double p, double target, Quantity q, const Backward* ba
             const auto st = newton_region(region2, p, target, q, t2, t_vapour_bottom, t_max_region2);
             if (st) return StateResult{State{2, 1.0, *st}, Error::none};
         }
-        if (p > psat_623()) t0 = backward->region3(p, target);
+        if (p > psat_623()) {
+            if (const auto st = isobar_region3(p, target, q, *backward)) {
+                return StateResult{*st, Error::none};
+            }
+            t0 = backward->region3(p, target);
+        }
     }
 
     double lo = q == Quantity::v ? t_max_density(p) : t_min;
@@ -203,21 +350,16 @@ StateResult solve_isobar(double p, double target, Quantity q, const Backward* ba
     return solve_isobar_segment(p, target, q, lo, hi, qlo, qhi, t0);
 }
 
-const Backward backward_ph{backward::t_ph_region1, backward::t_ph_region2, backward::t_ph_region3};
-const Backward backward_ps{backward::t_ps_region1, backward::t_ps_region2, backward::t_ps_region3};
+const Backward backward_ph{backward::t_ph_region1, backward::t_ph_region2, backward::t_ph_region3,
+                           backward::v_ph_region3};
+const Backward backward_ps{backward::t_ps_region1, backward::t_ps_region2, backward::t_ps_region3,
+                           backward::v_ps_region3};
 
 // Region 3 straight from (rho, T) when the state is a stable region-3
 // state; empty otherwise.
 std::optional<State> region3_direct(double t, double v) {
     if (t < t_region13 || t > t_b23(p_max)) return std::nullopt;
-    const Properties st = region3(1.0 / v, t);
-    Error e;
-    if (!(st.kappa > 0.0) || region_pt(st.p, t, e) != 3) return std::nullopt;
-    if (t < critical_temperature) {
-        const bool liquid = st.rho > critical_density;
-        if (liquid != (st.p >= psat(t))) return std::nullopt;
-    }
-    return State{3, st.rho > critical_density ? 0.0 : 1.0, st};
+    return region3_state(region3(1.0 / v, t));
 }
 
 // Root in ln p of quantity(p, T) = target over [ln a, ln b] with known end
@@ -314,38 +456,64 @@ StateResult solve_isochore(double v, double target, Quantity q) {
     }
     return r;
 }
-// Start pressure for (h, s) from the backward equations, the region chosen
-// by the h(s) boundaries; only the speed of the iteration depends on it.
-double start_p_hs(double h, double s) {
+// Start for (h, s) from the backward equations, the region chosen by the
+// h(s) boundaries: region 1, 2, 3 or 4 (wet) and its pressure.
+struct HsStart {
+    int region;
+    double p;
+};
+
+HsStart start_hs(double h, double s) {
     constexpr double s_liquid_623 = 3.778281340;  // s' at 623.15 K
     constexpr double s_b13_low = 3.397782955;
     constexpr double s_b23_low = 5.048096828;
     constexpr double s_vapour_623 = 5.210887825;  // s'' at 623.15 K
     constexpr double s_2bc = 5.85;
     constexpr double s_vapour_max = 9.155759395;  // s'' at 273.15 K
-    double p = nan;
+    HsStart start{};
     if (s >= s_vapour_623 && s <= s_vapour_max &&
         h <= (s >= s_2bc ? backward::h_2ab_vapour_s(s) : backward::h_2c3b_vapour_s(s))) {
-        p = psat(backward::tsat_hs(h, s));
+        start = {4, psat(backward::tsat_hs(h, s))};
     } else if (s < s_b13_low || (s < s_liquid_623 && h <= backward::h_b13_s(s))) {
-        p = backward::p_hs_region1(h, s);
+        start = {1, backward::p_hs_region1(h, s)};
     } else if (s < s_b23_low) {
-        p = backward::p_hs_region3(h, s);
+        start = {3, backward::p_hs_region3(h, s)};
     } else {
-        p = backward::p_hs_region2(h, s);
+        start = {2, backward::p_hs_region2(h, s)};
     }
     constexpr double fallback = 1.0;  // MPa
-    return (p >= p_min && p <= p_max) ? p : fallback;
+    if (!(start.p >= p_min && start.p <= p_max)) start.p = fallback;
+    return start;
+}
+
+// Single-phase state of (h, s) by a 2-D Newton from the backward start: in
+// (p, T) on a Gibbs region, in (rho, T) on region 3, T and v started from
+// the backward (p, h) equations of the region. Empty for a wet start or
+// when the iteration does not give a valid state.
+std::optional<State> hs_direct(const HsStart& start, double h, double s) {
+    const Conditions c{Quantity::h, h, Quantity::s, s};
+    switch (start.region) {
+        case 1: return solve_in_region(1, c, start.p, backward::t_ph_region1(start.p, h));
+        case 2: return solve_in_region(2, c, start.p, backward::t_ph_region2(start.p, h));
+        case 3:
+            return solve_in_region(3, c, 1.0 / backward::v_ph_region3(start.p, h),
+                                   backward::t_ph_region3(start.p, h));
+        default: return std::nullopt;
+    }
 }
 }  // namespace
 
-// Newton in p on h(p, s) = h: along an isentrope dh/dp = v, in one phase
-// and in a mixture alike, so h rises with p and the root is unique.
+// Along an isentrope dh/dp = v, in one phase and in a mixture alike, so h
+// rises with p and the state of (h, s) is unique.
 StateResult state_hs(double h, double s) {
     if (!std::isfinite(h) || !std::isfinite(s)) return failure(Error::not_finite);
+    const HsStart start = start_hs(h, s);
+    if (const auto st = hs_direct(start, h, s)) return StateResult{*st, Error::none};
+    // Wet states, and the rare single-phase state the direct iteration
+    // misses: Newton in p on h(p, s) = h along the isentrope.
     double a = p_min;
     double b = p_max;
-    double p = start_p_hs(h, s);
+    double p = start.p;
     Error last = Error::none;
     // Closest state found: a root on the boundary of the range is reached
     // only from inside, as the bracket closes on it.
