@@ -76,6 +76,35 @@ BENCHMARK_CAPTURE(Hs_T, region2, 2800.0, 6.5);
 BENCHMARK_CAPTURE(Hs_T, region3, 2000.0, 4.2);
 BENCHMARK_CAPTURE(Hs_T, two_phase, 2400.0, 6.0);
 
+// (v, h), (v, s), (v, u) to T: liquid, vapour, region 3, wet.
+void Vh_T(benchmark::State& s, double v, double h) {
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(v);
+        benchmark::DoNotOptimize(if97::state_vh(v, h).state.props.t);
+    }
+}
+BENCHMARK_CAPTURE(Vh_T, region1, 0.00102, 400.0);
+BENCHMARK_CAPTURE(Vh_T, region2, 0.5, 3000.0);
+BENCHMARK_CAPTURE(Vh_T, region3, 0.0025, 2200.0);
+BENCHMARK_CAPTURE(Vh_T, two_phase, 1.0, 1500.0);
+
+void Vs_T(benchmark::State& s, double v, double entropy) {
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(v);
+        benchmark::DoNotOptimize(if97::state_vs(v, entropy).state.props.t);
+    }
+}
+BENCHMARK_CAPTURE(Vs_T, region1, 0.00102, 1.2);
+BENCHMARK_CAPTURE(Vs_T, region2, 0.5, 7.5);
+
+void Vu_T(benchmark::State& s, double v, double u) {
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(v);
+        benchmark::DoNotOptimize(if97::state_vu(v, u).state.props.t);
+    }
+}
+BENCHMARK_CAPTURE(Vu_T, region2, 0.5, 2800.0);
+
 void Px_h(benchmark::State& s, double p) {
     for (auto _ : s) {
         benchmark::DoNotOptimize(p);

@@ -33,6 +33,11 @@ constexpr int isotherm_scan = 8;
 // only their sign matters.
 constexpr double too_hot = 1e10;
 constexpr double too_cold = -1e10;
+// Start pressure of the liquid on an isochore, MPa.
+constexpr double liquid_nominal_p = 10.0;
+// Densities outside which no region-3 state lies, kg/m3.
+constexpr double region3_rho_low = 60.0;
+constexpr double region3_rho_high = 900.0;
 
 enum class Quantity { p, h, s, u, v };
 
@@ -430,9 +435,49 @@ StateResult solve_isotherm(double t, double target, Quantity q) {
     return state_pt(*p, t);
 }
 
+// Start temperature of a Gibbs region on an isochore at pressure p, from
+// the backward (p, h) and (p, s) equations; u is taken for h (start
+// values only: the Newton corrects them).
+double isochore_start_t(int region, double p, double target, Quantity q) {
+    const bool by_s = q == Quantity::s;
+    if (region == 1) return by_s ? backward::t_ps_region1(p, target) : backward::t_ph_region1(p, target);
+    return by_s ? backward::t_ps_region2(p, target) : backward::t_ph_region2(p, target);
+}
+
+// Single-phase state of (v, quantity) by a 2-D Newton: a denser-than-
+// critical volume is tried in region 1 from a nominal pressure, a lighter
+// one in region 2 (and on to region 5) from the ideal-gas pressure; then
+// region 3 at the given density, from the critical temperature. Empty for
+// wet states and whenever no iteration gives a valid state.
+std::optional<State> isochore_direct(double v, double target, Quantity q) {
+    const Conditions c{Quantity::v, v, q, target};
+    const bool liquid_like = v < 1.0 / critical_density;
+    const int region = liquid_like ? 1 : 2;
+    double p0 = liquid_nominal_p;
+    double t0 = isochore_start_t(region, p0, target, q);
+    if (!liquid_like) {
+        // Two passes of T from the backward equation and p = R·T/v.
+        for (int pass = 0; pass < 2; ++pass) {
+            p0 = std::clamp(gas_constant * std::clamp(t0, t_min, t_max_region5) / v / kj_per_mpa_m3,
+                            p_min, p_max);
+            t0 = isochore_start_t(region, p0, target, q);
+        }
+    }
+    if (std::isfinite(t0)) {
+        t0 = std::clamp(t0, t_min, t_max_region5);
+        if (const auto st = solve_in_region(region, c, p0, t0)) return st;
+    }
+    const double rho = 1.0 / v;
+    if (rho < region3_rho_low || rho > region3_rho_high) return std::nullopt;
+    return solve_in_region(3, c, rho, critical_temperature);
+}
+
 StateResult solve_isochore(double v, double target, Quantity q) {
     if (!std::isfinite(v) || !std::isfinite(target)) return failure(Error::not_finite);
     if (!(v > 0.0)) return failure(Error::v_not_positive);
+    if (const auto st = isochore_direct(v, target, q)) return StateResult{*st, Error::none};
+    // Wet states and states the direct iteration misses: Brent in T on the
+    // isochore, each step a state from (T, v).
     Error last = Error::none;
     auto f = [v, target, q, &last](double t) {
         const StateResult r = solve_isotherm(t, v, Quantity::v);
