@@ -42,6 +42,22 @@ Properties region3(double rho, double t);
 // Region 5 (high-temperature steam), from (p, T).
 Properties region5(double p, double t);
 
+// Along an isobar, what a Newton or Halley step in T needs: h (kJ/kg), s,
+// cp (kJ/(kg K)) and dcp/dT (kJ/(kg K2)), from a Gibbs energy gamma(tau) at
+// fixed pi with its tau derivatives up to the third.
+struct Isobar {
+    double t = 0.0;
+    double h = 0.0;
+    double s = 0.0;
+    double cp = 0.0;
+    double dcp_dt = 0.0;
+};
+Isobar from_gibbs_isobar(const SeriesB& gamma, double tau, double t);
+
+// The same along an isobar of region 1 and of region 2 (p, T).
+Isobar region1_isobar(double p, double t);
+Isobar region2_isobar(double p, double t);
+
 // Saturation pressure from temperature (273.15 K to 647.096 K), MPa.
 double psat(double t);
 // Saturation temperature from pressure (611.213 Pa to 22.064 MPa), K.

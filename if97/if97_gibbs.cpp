@@ -26,4 +26,16 @@ Properties from_gibbs(const Series& g, double pi, double tau, double p, double t
     return st;
 }
 
+// The isobar relations: h, s and cp as in from_gibbs, and
+// dcp/dT = R·(tau/T)·(2·tau·gamma_tt + tau²·gamma_ttt) since dtau/dT = -tau/T.
+Isobar from_gibbs_isobar(const SeriesB& g, double tau, double t) {
+    Isobar st;
+    st.t = t;
+    st.h = gas_constant * t * tau * g.fb;
+    st.s = gas_constant * (tau * g.fb - g.f);
+    st.cp = -gas_constant * tau * tau * g.fbb;
+    st.dcp_dt = gas_constant * tau / t * (2.0 * tau * g.fbb + tau * tau * g.fbbb);
+    return st;
+}
+
 }  // namespace if97

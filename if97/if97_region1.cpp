@@ -36,4 +36,11 @@ Properties region1(double p, double t) {
     return from_gibbs(g, pi, tau, p, t);
 }
 
+// Equation 7 along an isobar: the pi-dependent parts are not needed.
+Isobar region1_isobar(double p, double t) {
+    const double tau = region1_t_star / t;
+    return from_gibbs_isobar(sum_series_b<0, 32, -41, 17>(region1_terms, 7.1 - p / region1_p_star, tau - 1.222),
+                             tau, t);
+}
+
 }  // namespace if97

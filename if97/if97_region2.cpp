@@ -66,6 +66,22 @@ Series ideal_part(double pi, double tau, double n1, double n2) {
     return g;
 }
 
+// Ideal-gas part along an isobar (the residual's derivatives in tau only):
+// equation 16 with its tau derivatives up to the third.
+SeriesB ideal_part_isobar(double pi, double tau) {
+    SeriesB g;
+    g.f = std::log(pi);
+    const Powers<-8, 3> tp(tau);
+    for (const IdealTerm& t : region2_ideal_terms) {
+        const double j = t.j;
+        g.f += t.n * tp[t.j];
+        g.fb += j * t.n * tp[t.j - 1];
+        g.fbb += j * (j - 1.0) * t.n * tp[t.j - 2];
+        g.fbbb += j * (j - 1.0) * (j - 2.0) * t.n * tp[t.j - 3];
+    }
+    return g;
+}
+
 void add(Series& a, const Series& b) {
     a.f += b.f;
     a.fa += b.fa;
@@ -93,6 +109,18 @@ Properties region2_metastable(double p, double t) {
     Series g = ideal_part(pi, tau, metastable_ideal_n1, metastable_ideal_n2);
     add(g, sum_series<0, 5, 0, 16>(metastable_residual_terms, pi, tau - 0.5));
     return from_gibbs(g, pi, tau, p, t);
+}
+
+// Equation 15 along an isobar.
+Isobar region2_isobar(double p, double t) {
+    const double tau = region2_t_star / t;
+    SeriesB g = ideal_part_isobar(p, tau);
+    const SeriesB r = sum_series_b<0, 24, 0, 58>(region2_residual_terms, p, tau - 0.5);
+    g.f += r.f;
+    g.fb += r.fb;
+    g.fbb += r.fbb;
+    g.fbbb += r.fbbb;
+    return from_gibbs_isobar(g, tau, t);
 }
 
 }  // namespace if97

@@ -82,4 +82,34 @@ Series sum_series(std::span<const Term> terms, double a, double b) {
     return s;
 }
 
+// A function of b at fixed a with its first three derivatives in b.
+struct SeriesB {
+    double f = 0.0;
+    double fb = 0.0;
+    double fbb = 0.0;
+    double fbbb = 0.0;
+};
+
+// Sum of n·a^I·b^J over a table with derivatives in b up to the third, for
+// the iterations along an isobar that need no derivative in a.
+template <int ALo, int AHi, int BLo, int BHi>
+SeriesB sum_series_b(std::span<const Term> terms, double a, double b) {
+    const Powers<ALo, AHi> pa(a);
+    const Powers<BLo, BHi> pb(b);
+    SeriesB s;
+    for (const Term& t : terms) {
+        const double j = t.j;
+        const double x = t.n * pa[t.i] * pb[t.j];
+        s.f += x;
+        s.fb += j * x;
+        s.fbb += j * (j - 1.0) * x;
+        s.fbbb += j * (j - 1.0) * (j - 2.0) * x;
+    }
+    const double inv_b = 1.0 / b;
+    s.fb *= inv_b;
+    s.fbb *= inv_b * inv_b;
+    s.fbbb *= inv_b * inv_b * inv_b;
+    return s;
+}
+
 }  // namespace if97

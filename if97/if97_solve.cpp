@@ -204,11 +204,26 @@ StateResult failure(Error e) {
     return r;
 }
 
-// Newton in T with one Gibbs region along an isobar; empty when it leaves
+// One Halley step in T on h or s along an isobar, from the light isobar
+// evaluation: its cubic convergence takes a backward start (a few mK off)
+// to within round-off of the root, so that the full evaluation that
+// follows usually meets the tolerance at once.
+double halley_step(const Isobar& st, double target, Quantity q) {
+    const bool by_h = q == Quantity::h;
+    const double f = (by_h ? st.h : st.s) - target;
+    const double d1 = by_h ? st.cp : st.cp / st.t;
+    const double d2 = by_h ? st.dcp_dt : (st.dcp_dt - st.cp / st.t) / st.t;
+    return st.t - 2.0 * f * d1 / (2.0 * d1 * d1 - f * d2);
+}
+
+// T from (p, h) or (p, s) with one Gibbs region: a Halley step on the
+// light evaluation, then Newton on the full one. Empty when it leaves
 // [lo, hi] or does not converge within a few steps.
-template <class Region>
-std::optional<Properties> newton_region(Region region, double p, double target, Quantity q,
-                                        double t, double lo, double hi) {
+template <class Region, class Light>
+std::optional<Properties> newton_region(Region region, Light light, double p, double target,
+                                        Quantity q, double t, double lo, double hi) {
+    if (!(t >= lo && t <= hi)) return std::nullopt;
+    t = halley_step(light(p, t), target, q);
     for (int iter = 0; iter < fast_newton_max_iter; ++iter) {
         if (!(t >= lo && t <= hi)) return std::nullopt;
         const Properties st = region(p, t);
@@ -299,14 +314,15 @@ StateResult solve_isobar(double p, double target, Quantity q, const Backward* ba
         const double t_liquid_top = p <= psat_623() ? ts : t_region13;
         const double t1 = backward->region1(p, target);
         if (t1 < t_liquid_top - backward_margin) {
-            const auto st = newton_region(region1, p, target, q, t1, t_min, t_liquid_top);
+            const auto st = newton_region(region1, region1_isobar, p, target, q, t1, t_min, t_liquid_top);
             if (st) return StateResult{State{1, 0.0, *st}, Error::none};
         }
         const double t_vapour_bottom =
             p < psat_min() ? t_min : (p <= psat_623() ? ts : t_b23(p));
         const double t2 = backward->region2(p, target);
         if (t2 > t_vapour_bottom + backward_margin && t2 < t_max_region2) {
-            const auto st = newton_region(region2, p, target, q, t2, t_vapour_bottom, t_max_region2);
+            const auto st = newton_region(region2, region2_isobar, p, target, q, t2, t_vapour_bottom,
+                                          t_max_region2);
             if (st) return StateResult{State{2, 1.0, *st}, Error::none};
         }
         if (p > psat_623()) {
