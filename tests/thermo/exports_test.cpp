@@ -13,7 +13,16 @@ namespace {
 using namespace thermo_test;
 namespace th = od::thermodyn;
 namespace dv = od::derivative;
+namespace bf = od::basefuncs;
 using od::CompName;
+
+// The exports of a mixture state (p, T, n, names, conc) and the core functions they call.
+using StateExport = double (*)(const double*, const double*, const std::int32_t*, const char*, const double*, std::size_t);
+const std::pair<StateExport, double (*)(double, double, const od::Mixture&)> state_functions[] = {
+    {h_pt_, th::h_pt}, {s_pt_, th::s_pt}, {cv_pt_, th::cv_pt}, {v_pt_, th::v_pt}, {u_pt_, th::u_pt}, {x_gas_, th::x_gas},
+    {dp_dv_, dv::dp_dv}, {d2p_dv2_, dv::d2p_dv2}, {d2p_dtdv_, dv::d2p_dtdv}, {lambda_pt_, od::transport::lambda_pt}};
+const std::pair<double (*)(const double*, const double*, const double*), double (*)(double, double, double)> water_functions[] = {
+    {h_h2o_, od::h2o::h_h2o}, {s_h2o_, od::h2o::s_h2o}, {cp_h2o_, od::h2o::cp_h2o}, {v_h2o_, od::h2o::v_h2o}};
 
 class Exports : public LoadedTable {
 protected:
@@ -24,55 +33,39 @@ protected:
     const double p = 1e5, t = 310.0;
 };
 
-TEST_F(Exports, MixtureFunctionsGiveTheCoreResults) {
+TEST_F(Exports, GiveTheCoreResultsOfTheCallersTrimmedText) {
     const char* nm = names.data();
     const double* c = mix.conc.data();
     const od::Mixture m = mix.mix();
-    EXPECT_EQ(h_pt_(&p, &t, &n, nm, c, 12), th::h_pt(p, t, m));
-    EXPECT_EQ(s_pt_(&p, &t, &n, nm, c, 12), th::s_pt(p, t, m));
-    EXPECT_EQ(cv_pt_(&p, &t, &n, nm, c, 12), th::cv_pt(p, t, m));
-    EXPECT_EQ(v_pt_(&p, &t, &n, nm, c, 12), th::v_pt(p, t, m));
-    EXPECT_EQ(u_pt_(&p, &t, &n, nm, c, 12), th::u_pt(p, t, m));
-    EXPECT_EQ(x_gas_(&p, &t, &n, nm, c, 12), th::x_gas(p, t, m));
+    for (const auto& [exported, core] : state_functions) EXPECT_EQ(exported(&p, &t, &n, nm, c, 12), core(p, t, m));
     EXPECT_EQ(tmin_(&n, nm, 12), od::mixinfo::tmin(m));
     EXPECT_EQ(tmax_(&n, nm, 12), od::mixinfo::tmax(m));
     EXPECT_EQ(mmol_(&n, nm, c, 12), od::mixinfo::mmol(m));
-    EXPECT_EQ(dp_dv_(&p, &t, &n, nm, c, 12), dv::dp_dv(p, t, m));
-    EXPECT_EQ(d2p_dv2_(&p, &t, &n, nm, c, 12), dv::d2p_dv2(p, t, m));
-    EXPECT_EQ(d2p_dtdv_(&p, &t, &n, nm, c, 12), dv::d2p_dtdv(p, t, m));
     EXPECT_EQ(dcv_dt_(&t, &n, nm, c, 12), dv::dcv_dt(t, m));
     EXPECT_EQ(dp_dt_(&p, &t), dv::dp_dt(p, t));
     EXPECT_EQ(d2p_dt2_(), 0.0);
     EXPECT_EQ(eta_t_(&t, &n, nm, c, 12), od::transport::eta_t(t, m));
-    EXPECT_EQ(lambda_pt_(&p, &t, &n, nm, c, 12), od::transport::lambda_pt(p, t, m));
-}
-
-TEST_F(Exports, ComponentAndWaterFunctionsTrimTheCallersText) {
-    mix.mix();
     const CompName co2 = CompName::from("CO2");
-    EXPECT_EQ(cp_0_("CO2         ", &t, 12), od::basefuncs::cp_0(co2, t));
-    EXPECT_EQ(h_0_("CO2", &t, 3), od::basefuncs::h_0(co2, t));
-    EXPECT_EQ(s_0_("CO2 ", &p, &t, 4), od::basefuncs::s_0(co2, p, t));
-    EXPECT_EQ(dcv_dt_0_("CO2", &t, 3), od::basefuncs::dcv_dt_0(co2, t));
-    EXPECT_EQ(v_0_(&p, &t), od::basefuncs::v_0(p, t));
-    EXPECT_EQ(v_sl_("SIO2(S)     ", 12), od::basefuncs::v_sl(CompName::from("SIO2(S)")));
+    EXPECT_EQ(cp_0_("CO2         ", &t, 12), bf::cp_0(co2, t));
+    EXPECT_EQ(h_0_("CO2", &t, 3), bf::h_0(co2, t));
+    EXPECT_EQ(s_0_("CO2 ", &p, &t, 4), bf::s_0(co2, p, t));
+    EXPECT_EQ(dcv_dt_0_("CO2", &t, 3), bf::dcv_dt_0(co2, t));
+    EXPECT_EQ(v_0_(&p, &t), bf::v_0(p, t));
+    EXPECT_EQ(v_sl_("SIO2(S)     ", 12), bf::v_sl(CompName::from("SIO2(S)")));
     EXPECT_EQ(viscosity_(&t, "CO2\0garbage", 11), od::transport::viscosity(t, co2));
     EXPECT_EQ(thermcond_(&p, &t, "CO2", 3), od::transport::thermcond(p, t, co2));
-    EXPECT_EQ(cp_0_("N2      X   ", &t, 12), od::basefuncs::cp_0(CompName::from("XX"), t));  // text past column 8: no component
+    EXPECT_EQ(cp_0_("N2      X   ", &t, 12), bf::cp_0(CompName::from("XX"), t));  // text past column 8: no component
     const double marker = -8888.75, other = 1.0, xw = 0.05;
     EXPECT_EQ(isinit_(&marker) * 10 + isnotinit_(&other), 11);
     EXPECT_EQ(isinit_(&other) * 10 + isnotinit_(&marker), 0);
     EXPECT_EQ(h2o_("Pressure", &p, "Temp", &t, "H.  ", 8, 4, 4), od::h2o::h2o('P', p, 'T', t, "H."));
-    EXPECT_EQ(h_h2o_(&xw, &p, &t), od::h2o::h_h2o(xw, p, t));
-    EXPECT_EQ(s_h2o_(&xw, &p, &t), od::h2o::s_h2o(xw, p, t));
-    EXPECT_EQ(cp_h2o_(&xw, &p, &t), od::h2o::cp_h2o(xw, p, t));
-    EXPECT_EQ(v_h2o_(&xw, &p, &t), od::h2o::v_h2o(xw, p, t));
+    for (const auto& [exported, core] : water_functions) EXPECT_EQ(exported(&xw, &p, &t), core(xw, p, t));
 }
 
 TEST_F(Exports, BadComponentCountFailsWithTheMissingValue) {
     const double* c = mix.conc.data();
     for (std::int32_t bad : {-1, 251, -2147483647 - 1}) {
-        EXPECT_EQ(h_pt_(&p, &t, &bad, names.data(), c, 12), od::missing_value) << bad;
+        for (const auto& fn : state_functions) EXPECT_EQ(fn.first(&p, &t, &bad, names.data(), c, 12), od::missing_value) << bad;
         EXPECT_EQ(tmin_(&bad, names.data(), 12), od::missing_value);
         EXPECT_EQ(dcv_dt_(&t, &bad, names.data(), c, 12), od::missing_value);
     }

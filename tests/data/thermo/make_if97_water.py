@@ -1,17 +1,13 @@
 #!/usr/bin/python3
-"""Writes if97_water.csv, the water states of the condensing-water tests.
-
-Oracle: python3-iapws (Debian package), IAPWS97 and the sublimation pressure
-of ice. Run from this folder. Kinds: pT = pressure Pa and temperature K,
-px = pressure Pa and quality, Tx = temperature K and quality, sub = ice.
-"""
+# Writes if97_water.csv (run from this folder) with the oracle python3-iapws. Kinds: pT = pressure Pa
+# and temperature K, px = pressure Pa and quality, Tx = temperature K and quality, sub = ice.
 from iapws import IAPWS97
 from iapws._iapws import _Sublimation_Pressure
 
 PSAT_30C = IAPWS97(T=303.15, x=0.0).P * 1e6
 STATES = [("reference", "pT", 101325.0, 1073.15), ("liquid_1bar_30C", "pT", 1e5, 303.15),
           ("saturation_30C", "Tx", 303.15, 0.0), ("saturation_100C", "Tx", 373.15, 0.0),
-          ("saturation_triple", "Tx", 273.16, 0.0), ("saturation_50C", "Tx", 323.15, 0.0),
+          ("saturation_triple", "Tx", 273.16, 0.0), ("saturation_50C", "Tx", 323.15, 0.0), ("saturation_critical", "Tx", 647.096, 0.0),
           ("liquid_30kPa_50C", "pT", 30000.0, 323.15), ("liquid_3kPa_sat", "px", 3000.0, 0.0),
           ("vapour_sat_30C", "px", PSAT_30C, 1.0), ("vapour_3kPa_30C", "pT", 3000.0, 303.15),
           ("liquid_1bar_triple", "pT", 1e5, 273.16), ("vapour_sat_triple", "px", 611.657, 1.0),
