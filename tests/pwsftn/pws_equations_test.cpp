@@ -13,9 +13,9 @@ using pws_test::Q;
 using pws_test::region_property;
 using pws_test::Row;
 using pws_test::table;
-using Equations = PackageTest;
+using PwsEquations = PackageTest;
 
-TEST_F(Equations, SaturationLineReproducesCheckValuesBothWays) {
+TEST_F(PwsEquations, SaturationLineReproducesCheckValuesBothWays) {
     constexpr double slope_factor = 647.3 / 80.3334;  // psl1 keeps dps/dT (bar/K) times this
     for (const Row& r : table("pwsftn/psat.csv")) {
         SCOPED_TRACE(r.line);
@@ -32,7 +32,7 @@ TEST_F(Equations, SaturationLineReproducesCheckValuesBothWays) {
     }
 }
 
-TEST_F(Equations, SaturationLineEndsAtTheCriticalPointAndReportsBeyondIt) {
+TEST_F(PwsEquations, SaturationLineEndsAtTheCriticalPointAndReportsBeyondIt) {
     EXPECT_DOUBLE_EQ(pws::pws_pt(374.15), 221.2);
     EXPECT_DOUBLE_EQ(pws::pws_tp(221.2), 374.15);
     EXPECT_NEAR(pws::pws_it(221.2), 374.15, 1e-9);
@@ -47,7 +47,7 @@ TEST_F(Equations, SaturationLineEndsAtTheCriticalPointAndReportsBeyondIt) {
     EXPECT_EQ(records[2].line, " *** PWSFTN-ERROR: Out of range, P=  3.00000000E+02 ***");
 }
 
-TEST_F(Equations, LFunctionReproducesCheckValuesAndInverts) {
+TEST_F(PwsEquations, LFunctionReproducesCheckValuesAndInverts) {
     for (const Row& r : table("pwsftn/boundary_L.csv")) {
         SCOPED_TRACE(r.line);
         const double t = r["t_C"];
@@ -58,7 +58,7 @@ TEST_F(Equations, LFunctionReproducesCheckValuesAndInverts) {
     }
 }
 
-TEST_F(Equations, BoundsAreWidenedByARelativeHundredThousandthAndEachQuantityIsReported) {
+TEST_F(PwsEquations, BoundsAreWidenedByARelativeHundredThousandthAndEachQuantityIsReported) {
     pws::comt1(100.0, 350.003);
     pws::comt1(0.006112444 * 0.999991, 20.0);
     pws::comt2(1000.0, 800.007);
@@ -74,7 +74,7 @@ TEST_F(Equations, BoundsAreWidenedByARelativeHundredThousandthAndEachQuantityIsR
     EXPECT_EQ(records.back().line, " *** PWSFTN-ERROR: Out of range, V=  8.90000000E-03, T=  3.49990000E+02 ***");
 }
 
-TEST_F(Equations, SameStateIsCheckedAndEvaluatedOnceButNaNNeverComesFromTheCache) {
+TEST_F(PwsEquations, SameStateIsCheckedAndEvaluatedOnceButNaNNeverComesFromTheCache) {
     const double v1 = pws::pws_c1(200.0, 352.0), h1 = pws::pws_d1(200.0, 352.0);
     pws::pws_c2(100.0, 900.0);
     pws::pws_e2(100.0, 900.0);
@@ -98,7 +98,7 @@ const std::pair<Q, const char*> columns[] = {{Q::p, "p_bar"},        {Q::v, "v_m
                                              {Q::h, "h_kJ_per_kg"},  {Q::s, "s_kJ_per_kgK"},
                                              {Q::u, "u_kJ_per_kg"},  {Q::cp, "cp_kJ_per_kgK"}};
 
-TEST_F(Equations, RegionsReproduceTheCheckValues) {
+TEST_F(PwsEquations, RegionsReproduceTheCheckValues) {
     for (int region : {1, 2, 3}) {
         for (const Row& r : table("pwsftn/region" + std::to_string(region) + ".csv")) {
             SCOPED_TRACE(r.line);
@@ -118,7 +118,7 @@ TEST_F(Equations, RegionsReproduceTheCheckValues) {
     EXPECT_EQ(errors(), 0);
 }
 
-TEST_F(Equations, AgreeWithIf97WithinTheKnownDifferences) {
+TEST_F(PwsEquations, AgreeWithIf97WithinTheKnownDifferences) {
     const std::map<std::string, Q> quantity{{"p", Q::p}, {"v", Q::v}, {"h", Q::h},
                                             {"s", Q::s}, {"u", Q::u}, {"cp", Q::cp}};
     const auto transport = table("pwsftn/transport.csv");

@@ -1,4 +1,4 @@
-// Iterations used with the region equations, and behaviour on absurd inputs.
+// PwsIterations used with the region equations, and behaviour on absurd inputs.
 #include <chrono>
 #include <limits>
 
@@ -10,16 +10,20 @@ using pws_test::near;
 using pws_test::PackageTest;
 using pws_test::Row;
 using pws_test::table;
-using Iterations = PackageTest;
+using PwsIterations = PackageTest;
 
 // Property routines in the argument orders the iterations expect.
 double h2_of_t_p(double t, double p) { return pws::pws_d2(p, t); }
 double s2_of_t_p(double t, double p) { return pws::pws_e2(p, t); }
 double a3_with_eps(double v, double t, double /*eps*/) { return pws::pws_a3(v, t); }
-double step(double x, double /*y*/) { return x < 0.3 ? -1.0 : 1.0; }
+int evaluations = 0;  // calls of `step`
+double step(double x, double /*y*/) {
+    ++evaluations;
+    return x < 0.3 ? -1.0 : 1.0;
+}
 double step_in_second(double /*fixed*/, double x) { return step(x, 0.0); }
 
-TEST_F(Iterations, VolumeIterationsRecoverRegionThreeVolumes) {
+TEST_F(PwsIterations, VolumeIterationsRecoverRegionThreeVolumes) {
     for (const Row& r : table("pwsftn/region3.csv")) {
         SCOPED_TRACE(r.line);
         const double v = r["v_m3_per_kg"], t = r["t_C"], p = r["p_bar"];
@@ -41,7 +45,7 @@ TEST_F(Iterations, VolumeIterationsRecoverRegionThreeVolumes) {
     EXPECT_EQ(pws::pws_i2(pws::pws_a3, 400.0, p, a, b, 1e-8), v);
 }
 
-TEST_F(Iterations, OneDimensionalAndTwoLevelIterationsSolveQuietly) {
+TEST_F(PwsIterations, OneDimensionalAndTwoLevelIterationsSolveQuietly) {
     double a = 300.0, b = 700.0;
     EXPECT_NEAR(pws::pws_i1(pws::pws_d2, 50.0, pws::pws_d2(50.0, 412.5), a, b, 1e-10), 412.5, 1e-6);
     const double p = 10.0, t = 300.0;
@@ -54,23 +58,30 @@ TEST_F(Iterations, OneDimensionalAndTwoLevelIterationsSolveQuietly) {
     EXPECT_TRUE(records.empty());
 }
 
-TEST_F(Iterations, RunOutAfterFortyStepsWithOrWithoutAWarning) {
+// A step has no root: each iteration takes both ends, then a trial and a
+// halving point in each of its 40 steps.
+TEST_F(PwsIterations, RunOutAfterFortyStepsWithOrWithoutAWarning) {
     double a = 0.0, b = 1.0;
+    evaluations = 0;
     EXPECT_EQ(pws::pws_i1(step_in_second, 0.0, 0.0, a, b, 1e-30), 0.0);
     EXPECT_LT(std::fabs(b - a), 1e-6);  // the interval was narrowed and handed back
-    a = 0.0, b = 1.0;
+    EXPECT_EQ(evaluations, 82);
+    a = 0.0, b = 1.0, evaluations = 0;
     EXPECT_NEAR(pws::pws_i2(step, 0.0, 0.0, a, b, 1e-30), 0.3, 1e-6);  // quietly: the midpoint
+    EXPECT_EQ(evaluations, 82);
     double xa = -10.0, xb = 10.0, ya = 0.0, yb = 1.0;
-    // Inner: x + y = 1; outer: a step in x that no y brings to zero.
+    evaluations = 0;
+    // Inner: x + y = 1; outer: the step in x, which no y brings to zero.
     pws::pws_id(step, 0.0, [](double x, double y) { return x + y; }, 1.0, xa, xb, ya, yb, 1e-30);
     EXPECT_NEAR(xa + ya, 1.0, 1e-9);
+    EXPECT_EQ(evaluations, 82);
     EXPECT_EQ(written(), (std::vector<std::string>{
                              "6| *** PWSFTN-WARNING: Maximum number of iterations exceeded (code: PWS_I1) ***",
                              "6| *** PWSFTN-WARNING: Maximum number of iterations exceeded (code: PWS_ID) ***"}));
     EXPECT_EQ(errors(), 0);
 }
 
-TEST_F(Iterations, AbsurdInputsNeitherCrashNorHang) {
+TEST_F(PwsIterations, AbsurdInputsNeitherCrashNorHang) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr double inf = std::numeric_limits<double>::infinity();
     const double values[] = {nan, inf, -inf, 0.0, -1.0, 1e300, -1e300, 1e-300};

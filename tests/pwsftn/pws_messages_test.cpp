@@ -9,9 +9,9 @@ namespace {
 using pws_test::PackageTest;
 using pws_test::Row;
 using pws_test::table;
-using Messages = PackageTest;
+using PwsMessages = PackageTest;
 
-TEST(FortranFormat, WritesValuesLikeTheEditDescriptors) {
+TEST(PwsFortranFormat, WritesValuesLikeTheEditDescriptors) {
     for (const Row& r : table("pwsftn/fortran_e.csv")) {
         SCOPED_TRACE(r.line);
         const auto field = [&](const char* c) { return static_cast<int>(r[c]); };
@@ -22,7 +22,7 @@ TEST(FortranFormat, WritesValuesLikeTheEditDescriptors) {
     EXPECT_EQ(pws::list_integer(7), "           7");
 }
 
-TEST_F(Messages, ErrorLineShowsTheTextAndLabelsOfTheCodeButNotTheRoutine) {
+TEST_F(PwsMessages, ErrorLineShowsTheTextAndLabelsOfTheCodeButNotTheRoutine) {
     std::size_t n = 0;
     for (const Row& r : table("pwsftn/error_lines.csv")) {
         SCOPED_TRACE(r.line);
@@ -33,7 +33,7 @@ TEST_F(Messages, ErrorLineShowsTheTextAndLabelsOfTheCodeButNotTheRoutine) {
     EXPECT_EQ(errors(), static_cast<int>(n));
 }
 
-TEST_F(Messages, LinesGoToTheRecordsChannelUpToThePrintLimitAndAreAllCounted) {
+TEST_F(PwsMessages, LinesGoToTheRecordsChannelUpToThePrintLimitAndAreAllCounted) {
     pws::set_pwserr({pws::host_channel, 2, 1000000, 0});
     for (int i = 0; i < 4; ++i) pws::pwser("X", 1, 1.0, 0.0);
     pws::warn_iterations("PWS_I1");  // written past the print limit, not counted
@@ -51,7 +51,7 @@ void records_to_stderr() {
     });
 }
 
-TEST_F(Messages, ErrorAtTheStopLimitIsWrittenAndTheNextOneStopsTheProcess) {
+TEST_F(PwsMessages, ErrorAtTheStopLimitIsWrittenAndTheNextOneStopsTheProcess) {
     pws::set_pwserr({6, 1000000, 1000000, 999999});
     pws::pwser("X", 2, 380.0, 0.0);  // the 1,000,000th: written, survived
     EXPECT_EQ(records.size(), 1u);
@@ -66,7 +66,7 @@ TEST_F(Messages, ErrorAtTheStopLimitIsWrittenAndTheNextOneStopsTheProcess) {
         "\\[6\\] Number of diagnosed errors: \\*\\*\\*\\*\\*\n\\[6\\]\n$");
 }
 
-TEST_F(Messages, StopSummaryShowsTheCountInFiveColumnsOnTheRecordsChannel) {
+TEST_F(PwsMessages, StopSummaryShowsTheCountInFiveColumnsOnTheRecordsChannel) {
     pws::set_pwserr({pws::host_channel, 1000000, 2, 2});
     EXPECT_EXIT(
         {

@@ -12,6 +12,7 @@ using pws_test::near;
 using pws_test::PackageTest;
 using pws_test::Row;
 using pws_test::table;
+using PwsEntryCases = PackageTest;
 
 constexpr double untouched = -12345.0;
 
@@ -22,10 +23,10 @@ std::vector<double> entry(pws::InverseRoutine fn, double x, double y, std::strin
     return r;
 }
 
-class Entry : public PackageTest, public ::testing::WithParamInterface<Row> {};
+class PwsEntry : public PackageTest, public ::testing::WithParamInterface<Row> {};
 
 // Sub-region 1 and region 2: properties from (P, T), the temperature back from (P, H) and (P, S).
-TEST_P(Entry, ReproducesTheStateFromPressureAndTemperature) {
+TEST_P(PwsEntry, ReproducesTheStateFromPressureAndTemperature) {
     const Row& row = GetParam();
     const double p = row["p_bar"], t = row["t_C"];
     const double off_line = t > pws::crit_t ? 1.0 : std::fabs(p - pws::pws_pt(t)) / p;
@@ -44,12 +45,12 @@ TEST_P(Entry, ReproducesTheStateFromPressureAndTemperature) {
     EXPECT_TRUE(near(th[1], row["v_m3_per_kg"], 1e-6));
     EXPECT_TRUE(near(entry(pws::pwsrps, p, row["s_kJ_per_kgK"], "T", 1)[0], t, 1e-7, 1e-4));
 }
-INSTANTIATE_TEST_SUITE_P(Region1, Entry, ::testing::ValuesIn(table("pwsftn/region1.csv")));
-INSTANTIATE_TEST_SUITE_P(Region2, Entry, ::testing::ValuesIn(table("pwsftn/region2.csv")));
+INSTANTIATE_TEST_SUITE_P(Region1, PwsEntry, ::testing::ValuesIn(table("pwsftn/region1.csv")));
+INSTANTIATE_TEST_SUITE_P(Region2, PwsEntry, ::testing::ValuesIn(table("pwsftn/region2.csv")));
 
-class EntryRegion3 : public Entry {};
+class PwsEntryRegion3 : public PwsEntry {};
 
-TEST_P(EntryRegion3, ReproducesTheStateFromTemperatureAndVolume) {
+TEST_P(PwsEntryRegion3, ReproducesTheStateFromTemperatureAndVolume) {
     const Row& row = GetParam();
     const double v = row["v_m3_per_kg"], t = row["t_C"];
     if (t <= pws::t_sub1_max) return;  // sub-region 1 holds every state up to 350 C
@@ -61,11 +62,11 @@ TEST_P(EntryRegion3, ReproducesTheStateFromTemperatureAndVolume) {
     EXPECT_TRUE(near(r[4], row["cp_kJ_per_kgK"], 1e-8));
     EXPECT_EQ(r[5], v < pws::crit_v && t <= pws::crit_t ? 0.0 : 1.0);
 }
-INSTANTIATE_TEST_SUITE_P(Region3, EntryRegion3, ::testing::ValuesIn(table("pwsftn/region3.csv")));
+INSTANTIATE_TEST_SUITE_P(Region3, PwsEntryRegion3, ::testing::ValuesIn(table("pwsftn/region3.csv")));
 
-class EntrySaturation : public Entry {};
+class PwsEntrySaturation : public PwsEntry {};
 
-TEST_P(EntrySaturation, GivesTheSaturatedPhasesAndTheirMixture) {
+TEST_P(PwsEntrySaturation, GivesTheSaturatedPhasesAndTheirMixture) {
     const Row& row = GetParam();
     const double t = row["t_C"];
     // Above 350 C the saturated volumes come from an iteration (eps 1e-8 on
@@ -86,18 +87,18 @@ TEST_P(EntrySaturation, GivesTheSaturatedPhasesAndTheirMixture) {
     EXPECT_TRUE(near(r[1], 0.5 * (row["h_liq_kJ_per_kg"] + row["h_vap_kJ_per_kg"]), tol));
     EXPECT_TRUE(records.empty());
 }
-INSTANTIATE_TEST_SUITE_P(Saturation, EntrySaturation, ::testing::ValuesIn(table("pwsftn/saturation.csv")));
+INSTANTIATE_TEST_SUITE_P(Saturation, PwsEntrySaturation, ::testing::ValuesIn(table("pwsftn/saturation.csv")));
 
-class EntryTransport : public Entry {};
+class PwsEntryTransport : public PwsEntry {};
 
-TEST_P(EntryTransport, GivesViscosityAndConductivityInKilowatt) {
+TEST_P(PwsEntryTransport, GivesViscosityAndConductivityInKilowatt) {
     const Row& row = GetParam();
     const auto r = row["region"] == 3 ? entry(pws::pwsrtv, row["t_C"], row["v_m3_per_kg"], "DV,TC", 2)
                                       : entry(pws::pwsrpt, row["p_bar"], row["t_C"], "DV,TC", 2);
     EXPECT_TRUE(near(r[0], row["viscosity_Pa_s"], 1e-9));
     EXPECT_TRUE(near(r[1], row["conductivity_W_per_mK"] * 0.001, 1e-9));
 }
-INSTANTIATE_TEST_SUITE_P(Transport, EntryTransport, ::testing::ValuesIn(table("pwsftn/transport.csv")));
+INSTANTIATE_TEST_SUITE_P(Transport, PwsEntryTransport, ::testing::ValuesIn(table("pwsftn/transport.csv")));
 
 // Splits `text` at `separator`; an empty text gives no items.
 std::vector<std::string> split(const std::string& text, char separator) {
@@ -107,7 +108,7 @@ std::vector<std::string> split(const std::string& text, char separator) {
     return items;
 }
 
-TEST_F(PackageTest, EntryReadsTheKeyListAndReportsOnTheHostChannel) {
+TEST_F(PwsEntryCases, ReadsTheKeyListAndReportsOnTheHostChannel) {
     for (const Row& r : table("pwsftn_inverse/entry_cases.csv")) {
         SCOPED_TRACE(r.line);
         records.clear();
@@ -128,7 +129,7 @@ TEST_F(PackageTest, EntryReadsTheKeyListAndReportsOnTheHostChannel) {
     EXPECT_EQ(errors(), 0);
 }
 
-TEST_F(PackageTest, EntrySnapsNearlySinglePhaseWetStatesToTheSaturatedPhase) {
+TEST_F(PwsEntryCases, SnapsNearlySinglePhaseWetStatesToTheSaturatedPhase) {
     const double ps = pws::pws_pt(200.0);
     auto r = entry(pws::pwsrtx, 200.0, 1.0E-6, "X,CP,P", 3);
     EXPECT_EQ(r[0], 0.0);
@@ -148,7 +149,7 @@ TEST_F(PackageTest, EntrySnapsNearlySinglePhaseWetStatesToTheSaturatedPhase) {
     EXPECT_TRUE(records.empty());
 }
 
-TEST_F(PackageTest, EntryReportsAWetStateAboveTheCriticalTemperatureAndUsesZeroPressure) {
+TEST_F(PwsEntryCases, ReportsAWetStateAboveTheCriticalTemperatureAndUsesZeroPressure) {
     auto above = [](double& a, double& b, double) -> std::int32_t {
         a = 0.5, b = 380.0;
         return 6;

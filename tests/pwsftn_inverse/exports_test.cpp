@@ -11,7 +11,7 @@ namespace {
 
 using pws_test::near;
 using pws_test::PackageTest;
-using Exports = PackageTest;
+using PwsExports = PackageTest;
 
 constexpr double untouched = -12345.0;
 
@@ -29,7 +29,7 @@ std::string& callback_line() {
 }
 extern "C" void host_line(const char* text, size_t n) { callback_line().assign(text, n); }
 
-TEST_F(Exports, HostRecordIsThePackageRecord) {
+TEST_F(PwsExports, HostRecordIsThePackageRecord) {
     EXPECT_EQ(pwserr_.iunit, 6);
     EXPECT_EQ(pwserr_.maxmsg, 1000000);
     EXPECT_EQ(pwserr_.maxerr, 1000000);
@@ -41,7 +41,7 @@ TEST_F(Exports, HostRecordIsThePackageRecord) {
     EXPECT_EQ(written(), std::vector<std::string>{"13| *** PWSFTN-ERROR: Out of range, T=  3.80000000E+02 ***"});
 }
 
-TEST_F(Exports, RoutinesTakeTheirArgumentsByReferenceInTheirOrder) {
+TEST_F(PwsExports, RoutinesTakeTheirArgumentsByReferenceInTheirOrder) {
     const double t = 100.0, p = 10.0, v = 0.005, tv = 400.0, eps = 1e-8;
     EXPECT_EQ(psl1_(&t), pws::pws_pt(t));
     EXPECT_EQ(psl1_slope_(), pws::psl1_slope());
@@ -59,7 +59,7 @@ TEST_F(Exports, RoutinesTakeTheirArgumentsByReferenceInTheirOrder) {
     EXPECT_EQ(pwsrpt_(nullptr, &b, &eps), 0);  // a missing argument places no state
 }
 
-TEST_F(Exports, IterationsCallHostProcedures) {
+TEST_F(PwsExports, IterationsCallHostProcedures) {
     const double v = 0.005, t = 400.0, eps = 1e-10, p = pws_a3_(&v, &t);
     double a = 0.0045, b = 0.0052;
     EXPECT_NEAR(pws_i2_(pws_a3_, &t, &p, &a, &b, &eps), v, 1e-10);
@@ -74,7 +74,7 @@ TEST_F(Exports, IterationsCallHostProcedures) {
     EXPECT_NEAR(ya, pf, 1e-6);
 }
 
-TEST_F(Exports, EntryTakesARoutineOfTheHostAndBlankPaddedOrNulEndedKeys) {
+TEST_F(PwsExports, EntryTakesARoutineOfTheHostAndBlankPaddedOrNulEndedKeys) {
     const double p = 10.0, h = 3000.0;
     std::array<double, 4> r, core;
     r.fill(untouched), core.fill(untouched);
@@ -95,7 +95,7 @@ TEST_F(Exports, EntryTakesARoutineOfTheHostAndBlankPaddedOrNulEndedKeys) {
     EXPECT_TRUE(records.empty());
 }
 
-TEST_F(Exports, EntryRefusesMissingArgumentsSafely) {
+TEST_F(PwsExports, EntryRefusesMissingArgumentsSafely) {
     const double x = 1.0, y = 20.0;
     std::array<double, 2> r{untouched, untouched};
     pwsftn_(nullptr, &x, &y, "T", r.data(), 1);
@@ -108,7 +108,7 @@ TEST_F(Exports, EntryRefusesMissingArgumentsSafely) {
                              "13| *** PWSFTN-ERROR: illegal dependend property:      ***"}));
 }
 
-TEST_F(Exports, HostChannelIsStandardErrorAFileOrACallback) {
+TEST_F(PwsExports, HostChannelIsStandardErrorAFileOrACallback) {
     pws::set_record_sink_for_tests({});
     pws_set_channel13_callback_(host_line);
     pws::write_record(13, "to the host");

@@ -15,6 +15,7 @@ using pws_test::Q;
 using pws_test::Row;
 using pws_test::state_property;
 using pws_test::table;
+using PwsInverse = PackageTest;
 
 constexpr double eps = 1.0E-8;
 
@@ -65,9 +66,9 @@ std::vector<State> wet() {
     return out;
 }
 
-class RoundTrip : public PackageTest, public ::testing::WithParamInterface<Row> {};
+class PwsRoundTrip : public PackageTest, public ::testing::WithParamInterface<Row> {};
 
-TEST_P(RoundTrip, GivesBackEveryStateAndItsRegion) {
+TEST_P(PwsRoundTrip, GivesBackEveryStateAndItsRegion) {
     const std::string name = GetParam().text("routine");
     const std::map<std::string, Q> by_letter{{"p", Q::p}, {"t", Q::t}, {"v", Q::v},
                                              {"h", Q::h}, {"s", Q::s}, {"u", Q::u}, {"x", Q::x}};
@@ -110,10 +111,10 @@ TEST_P(RoundTrip, GivesBackEveryStateAndItsRegion) {
     EXPECT_GT(checked, q2 == Q::x ? 30 : 100);
     EXPECT_EQ(errors(), 0);
 }
-INSTANTIATE_TEST_SUITE_P(AllPairs, RoundTrip, ::testing::ValuesIn(table("pwsftn_inverse/pairs.csv")),
+INSTANTIATE_TEST_SUITE_P(AllPairs, PwsRoundTrip, ::testing::ValuesIn(table("pwsftn_inverse/pairs.csv")),
                          [](const auto& info) { return info.param.text("routine"); });
 
-TEST_F(PackageTest, EntropyAndDrynessGiveTheSaturationTemperature) {
+TEST_F(PwsInverse, EntropyAndDrynessGiveTheSaturationTemperature) {
     for (const State& w : wet()) {
         SCOPED_TRACE(::testing::Message() << "t=" << w.b << " x=" << w.a);
         double a = w[Q::s], b = w.a;
@@ -129,7 +130,7 @@ TEST_F(PackageTest, EntropyAndDrynessGiveTheSaturationTemperature) {
     }
 }
 
-TEST_F(PackageTest, InverseRoutinesSelectRegionsAndReportAsTabled) {
+TEST_F(PwsInverse, RoutinesSelectRegionsKeepRangeEdgesAndReportAsTabled) {
     for (const Row& r : table("pwsftn_inverse/inverse_cases.csv")) {
         SCOPED_TRACE(r.line);
         records.clear();
@@ -147,7 +148,7 @@ TEST_F(PackageTest, InverseRoutinesSelectRegionsAndReportAsTabled) {
     EXPECT_TRUE(near(pws::selection_boundary_pressure(400.0) - pws::boundary_pressure(400.0), 0.694, 0.01));
 }
 
-TEST_F(PackageTest, StatesAtTheEndsOfABracketCarryTheInputValues) {
+TEST_F(PwsInverse, StatesAtTheEndsOfABracketCarryTheInputValues) {
     double a = 2000.0, b = 3000.0;  // clamped to the highest pressure
     pws::pwsrph(a, b, eps);
     EXPECT_TRUE(near(pws::pws_d2(a, b), 3000.0, 1e-7));
@@ -161,7 +162,7 @@ TEST_F(PackageTest, StatesAtTheEndsOfABracketCarryTheInputValues) {
     EXPECT_EQ(errors(), 1);
 }
 
-TEST_F(PackageTest, BadInputNeverCrashesPlacesNoStateAndEndsQuickly) {
+TEST_F(PwsInverse, BadInputNeverCrashesPlacesNoStateAndEndsQuickly) {
     const double nan = std::numeric_limits<double>::quiet_NaN(), inf = std::numeric_limits<double>::infinity();
     const double values[] = {nan, inf, -inf, 1.0E300, -1.0E300, 0.0, -5.0, 1.0E-300, 5.0};
     pws::set_pwserr({6, 0, 1000000, 0});  // count, but write no error lines
