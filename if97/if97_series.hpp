@@ -30,7 +30,9 @@ public:
     explicit Powers(double x) {
         v_[index(0)] = 1.0;
         if constexpr (Hi >= 1) v_[index(1)] = x;
-        if constexpr (Lo <= -1) v_[index(-1)] = 1.0 / x;
+        // For x = 0 the negative powers are set to 0 rather than divided
+        // out; no state in the range of validity has x = 0.
+        if constexpr (Lo <= -1) v_[index(-1)] = x != 0.0 ? 1.0 / x : 0.0;
         for (int k = 2; k <= Hi; ++k) v_[index(k)] = v_[index(k / 2)] * v_[index(k - k / 2)];
         for (int k = -2; k >= Lo; --k) v_[index(k)] = v_[index(k / 2)] * v_[index(k - k / 2)];
     }

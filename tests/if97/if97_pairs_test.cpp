@@ -123,3 +123,32 @@ TEST(Region3Derivatives, MatchCentralDifferences) {
 }
 
 }  // namespace
+
+namespace {
+
+// The light isobar evaluations give the full equations' h, s and cp, and
+// dcp/dT as the difference of cp.
+TEST(IsobarEvaluation, AgreesWithTheFullGibbsEquations) {
+    struct Case {
+        if97::Isobar (*light)(double, double);
+        if97::Properties (*full)(double, double);
+        double p;
+        double t;
+    };
+    const Case cases[] = {{if97::region1_isobar, if97::region1, 3.0, 300.0},
+                          {if97::region1_isobar, if97::region1, 80.0, 600.0},
+                          {if97::region2_isobar, if97::region2, 0.0035, 700.0},
+                          {if97::region2_isobar, if97::region2, 30.0, 800.0}};
+    for (const Case& c : cases) {
+        const if97::Isobar got = c.light(c.p, c.t);
+        const if97::Properties want = c.full(c.p, c.t);
+        EXPECT_NEAR(got.h, want.h, 1e-12 * std::fabs(want.h));
+        EXPECT_NEAR(got.s, want.s, 1e-12 * std::fabs(want.s));
+        EXPECT_NEAR(got.cp, want.cp, 1e-12 * want.cp);
+        const double dt = 1e-4 * c.t;
+        const double diff = (c.full(c.p, c.t + dt).cp - c.full(c.p, c.t - dt).cp) / (2.0 * dt);
+        EXPECT_NEAR(got.dcp_dt, diff, 1e-6 * std::fabs(diff) + 1e-12) << c.p << " MPa " << c.t << " K";
+    }
+}
+
+}  // namespace
