@@ -1,5 +1,5 @@
-// Rows of a case table under tests/data: a first comment line naming the
-// source, a header line naming the columns, then one case per line.
+// Case tables under tests/data (a first comment line naming the source, a
+// header line naming the columns, one case per line) and test mixtures.
 #pragma once
 #include <cmath>
 #include <fstream>
@@ -23,8 +23,7 @@ struct CsvRow {
     // The number of a column; NaN for an empty cell, fallback without the column.
     double num(const std::string& column, double fallback = NAN) const {
         const auto it = cells.find(column);
-        if (it == cells.end()) return fallback;
-        return it->second.empty() ? NAN : std::stod(it->second);
+        return it == cells.end() ? fallback : it->second.empty() ? NAN : std::stod(it->second);
     }
     friend std::ostream& operator<<(std::ostream& os, const CsvRow& r) {
         for (const auto& [column, cell] : r.cells) os << column << "=" << cell << " ";
@@ -45,8 +44,8 @@ inline std::vector<CsvRow> read_csv(const std::string& file) {
             columns = fields;
             continue;
         }
-        CsvRow& r = rows.emplace_back();
-        for (std::size_t i = 0; i < columns.size() && i < fields.size(); ++i) r.cells[columns[i]] = fields[i];
+        CsvRow& row = rows.emplace_back();
+        for (std::size_t i = 0; i < columns.size() && i < fields.size(); ++i) row.cells[columns[i]] = fields[i];
     }
     return rows;
 }
@@ -58,12 +57,12 @@ struct TestMixture {
     explicit TestMixture(const std::string& text) {
         std::stringstream ss(text);
         for (std::string part; std::getline(ss, part, ';');) {
-            const std::size_t colon = part.rfind(':');
-            names.push_back(CompName::from(part.substr(0, colon)));
-            conc.push_back(std::stod(part.substr(colon + 1)));
+            names.push_back(CompName::from(part.substr(0, part.rfind(':'))));
+            conc.push_back(std::stod(part.substr(part.rfind(':') + 1)));
         }
     }
     Mixture view() const { return {names, conc}; }
+    int n() const { return static_cast<int>(names.size()); }
 };
 
 }  // namespace od::test
