@@ -77,7 +77,7 @@ TEST_P(MixtureStates, MatchTheSumsOfTheGasDataAndIf97) {
     EXPECT_NEAR(td::v_pt(p, t, mix), sum.v * k / r_gas, tol * std::fabs(sum.v * k / r_gas));
     EXPECT_NEAR(td::u_pt(p, t, mix), (sum.h * k - p * sum.v * k / r_gas), tol * (scale.h * k + std::fabs(p * sum.v * k / r_gas)));
     EXPECT_NEAR(od::derivative::dcv_dt(t, mix), dcp * k, 1e-10 * std::fabs(dcp * k) + 1e-15);
-    // The whole mixture as the ideal gas p = R T / (M v) of its molar volume.
+    // The whole mixture as the ideal gas p = R T / (M v) of its specific volume v.
     const double v = r_gas * t / (mm * p);
     EXPECT_NEAR(od::derivative::dp_dv(p, t, mix), -p / v, 1e-12 * p / v);
     EXPECT_NEAR(od::derivative::d2p_dv2(p, t, mix), 2 * p / (v * v), 1e-12 * p / (v * v));
