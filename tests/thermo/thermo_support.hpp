@@ -79,8 +79,8 @@ struct TestMix {
     std::vector<od::CompName> names;
     std::vector<std::string> text;
     std::vector<double> conc;
-    explicit TestMix(const std::string& spec = "") {
-        std::istringstream in(spec);
+    explicit TestMix(const std::string& composition = "") {
+        std::istringstream in(composition);
         for (std::string item; in >> item;) {
             text.push_back(item.substr(0, item.find('=')));
             names.push_back(od::CompName::from(text.back()));
