@@ -1,9 +1,9 @@
-// Helpers of the gas table tests: a temporary directory, environment settings
-// restored on exit, case tables, gas data blocks in the fixed-column layout
-// and a fixture that starts and ends with an empty, unloaded gas table.
+// Helpers of the gas table tests: case tables, gas data in the fixed-column layout, and
+// a fixture with a temporary directory and an empty, unloaded gas table.
 #pragma once
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -17,30 +17,7 @@
 
 namespace gasfiles {
 
-// A fresh directory under the system's temporary directory, removed on exit.
-struct TempDir {
-    std::string path = (std::filesystem::temp_directory_path() / "ondrel-test-XXXXXX").string();
-    TempDir() { EXPECT_NE(mkdtemp(path.data()), nullptr); }
-    ~TempDir() { std::error_code ec; std::filesystem::remove_all(path, ec); }
-    std::string dir() const { return path + "/"; }  // as a fluid path
-    std::string file(const std::string& name) const { return dir() + name; }
-};
-
-// Sets (with nullopt: unsets) an environment variable until the end of the scope.
-struct ScopedEnv {
-    std::string name;
-    std::optional<std::string> old;
-    ScopedEnv(std::string n, const std::optional<std::string>& value) : name(std::move(n)) {
-        if (const char* v = std::getenv(name.c_str())) old = v;
-        set(value);
-    }
-    ~ScopedEnv() { set(old); }
-    void set(const std::optional<std::string>& v) { v ? setenv(name.c_str(), v->c_str(), 1) : unsetenv(name.c_str()); }
-};
-
-inline void write_file(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-}
+inline void write_file(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
 
 // A line of a case table in tests/data and its comma-separated fields ("..." may hold commas).
 struct CsvRow {
@@ -69,49 +46,62 @@ inline std::vector<CsvRow> read_csv(const std::string& name) {
     EXPECT_GT(rows.size(), 1u) << name;
     return rows;
 }
-inline std::vector<CsvRow> cases(const std::string& name) {
-    auto rows = read_csv(name);
-    return {rows.begin() + 1, rows.end()};
-}
+inline std::vector<CsvRow> cases(const std::string& name) { auto r = read_csv(name); return {r.begin() + 1, r.end()}; }
 
-// One component whose values follow from seed: elements N 2, tmin seed + 200 K,
-// tmax seed + 5000 K, mmol seed / 1000 kg/mol, range r (1, 2) coefficient k
-// (1..7) seed + r - 1 + k / 8, sigma seed / 10 + 0.5 Angstrom, eps seed + 0.75 K.
-inline std::string block(const std::string& name, double seed, const char* eol = "\n") {
+// A component whose values follow from seed: elements N 2, tmin seed + 200 K, tmax seed + 5000 K,
+// mmol seed / 1000 kg/mol, range r (1, 2) coefficient k (1..7) seed + r - 1 + k / 8,
+// sigma seed / 10 + 0.5 Angstrom, eps seed + 0.75 K.
+inline std::string block(const std::string& name, double seed) {
     char buf[128];
-    std::snprintf(buf, sizeof buf, "%-8.8s%16sN  2%16sG%10.3f%10.3f%12.8f", name.c_str(), "", "", seed + 200,
+    std::snprintf(buf, sizeof buf, "%-8.8s%16sN  2%16sG%10.3f%10.3f%12.8f\n", name.c_str(), "", "", seed + 200,
                   seed + 5000, seed / 1000);
-    std::string s = buf + std::string(eol);
+    std::string s = buf;
     for (int k = 0; k < 14; ++k) {
-        std::snprintf(buf, sizeof buf, "%15.8E", seed + k / 7 + (k % 7 + 1) / 8.0);
-        s += buf + std::string(k == 4 || k == 9 ? eol : "");
+        std::snprintf(buf, sizeof buf, k == 4 || k == 9 ? "%15.8E\n" : "%15.8E", seed + k / 7 + (k % 7 + 1) / 8.0);
+        s += buf;
     }
-    std::snprintf(buf, sizeof buf, "%10.5f%10.5f", seed / 10 + 0.5, seed + 0.75);
-    return s + buf + eol;
+    std::snprintf(buf, sizeof buf, "%10.5f%10.5f\n", seed / 10 + 0.5, seed + 0.75);
+    return s + buf;
 }
 
-inline const std::string header = "Ondrel test gas data\n";
-
-// The header and blocks G1..Gcount with seeds 1..count.
-inline std::string blocks(int count, const char* eol = "\n") {
-    std::string s = header;
-    for (int i = 1; i <= count; ++i) s += block("G" + std::to_string(i), i, eol);
+// A gas data file: a header line, then the blocks of names with seeds 1, 2, ... (by default G1..Gcount).
+inline std::string blocks(int count, std::vector<std::string> names = {}) {
+    std::string s = "Ondrel test gas data\n";
+    for (int i = 1; i <= count; ++i) s += block(names.empty() ? "G" + std::to_string(i) : names.at(i - 1), i);
     return s;
 }
 
+// Each test runs with a fresh temporary directory, an empty, unloaded gas table and the built-in
+// host functions; the settings ONDREL_FLUIDPATH and ONDREL_GAS_SOURCE are restored after it.
 class GasTest : public ::testing::Test {
 protected:
-    TempDir tmp;
-    void SetUp() override { reset(); }
-    void TearDown() override { reset(); }
+    std::string path = (std::filesystem::temp_directory_path() / "ondrel-test-XXXXXX").string();
+    std::array<std::pair<std::string, std::optional<std::string>>, 2> saved{{{"ONDREL_FLUIDPATH", {}}, {"ONDREL_GAS_SOURCE", {}}}};
+    void SetUp() override {
+        ASSERT_NE(mkdtemp(path.data()), nullptr);
+        for (auto& [name, value] : saved)
+            if (const char* v = std::getenv(name.c_str())) value = v;
+        reset();
+    }
+    void TearDown() override {
+        reset();
+        for (const auto& [name, value] : saved) env(name, value);
+        std::filesystem::remove_all(path);
+    }
     static void reset() {
         od::fluiddata::reset_for_tests();
         od::host::reset_for_tests();
     }
-    // Writes text as the gas data file in tmp and loads it.
+    // Sets (with nullopt: unsets) an environment variable.
+    static void env(const std::string& name, const std::optional<std::string>& v) {
+        v ? setenv(name.c_str(), v->c_str(), 1) : unsetenv(name.c_str());
+    }
+    std::string dir() const { return path + "/"; }  // as a fluid path
+    std::string file(const std::string& name) const { return dir() + name; }
+    // Writes text as the gas data file and loads it.
     void load_text(const std::string& text) {
-        write_file(tmp.file("Ondrel.Dat"), text);
-        od::fluiddata::readgasfile(tmp.file("Ondrel.Dat"));
+        write_file(file("Ondrel.Dat"), text);
+        od::fluiddata::readgasfile(file("Ondrel.Dat"));
     }
 };
 

@@ -1,21 +1,50 @@
-// Loading the gas table from the gas data file and from the fluid database.
+// Fixed-column fields, and loading the gas table from the gas data file and from the fluid database.
 #include <cmath>
 #include <iterator>
 #include <random>
 #include <tuple>
 
+#include "fluiddata/od_fieldread.hpp"
 #include "host/ftn_text.hpp"
 #include "host/od_fluiddb.hpp"
 #include "tests/fluiddata/gas_files.hpp"
 
 namespace fd = od::fluiddata;
+namespace fr = od::fieldread;
 using gasfiles::CsvRow;
 using gasfiles::GasTest;
 using od::CompName;
 
 namespace {
 
-// Checks the field of a row named by a case table column against its text there.
+// Columns: edit descriptor (Fw.d, Ew.d or Iw), field text, value or "fault".
+class FormattedFields : public ::testing::TestWithParam<CsvRow> {};
+
+TEST_P(FormattedFields, ReadAsFormattedInput) {
+    const CsvRow& c = GetParam();
+    SCOPED_TRACE(c.text);
+    std::optional<double> v;
+    if (c[0][0] != 'I') v = fr::real(c[1], std::stoi(c[0].substr(c[0].find('.') + 1)));
+    else if (const auto i = fr::integer(c[1])) v = *i;
+    ASSERT_EQ(v.has_value(), c[2] != "fault");
+    if (!v) return;
+    EXPECT_EQ(std::pair(*v, std::signbit(*v)), std::pair(std::stod(c[2]), std::signbit(std::stod(c[2]))));
+}
+
+INSTANTIATE_TEST_SUITE_P(CompilerReference, FormattedFields, ::testing::ValuesIn(gasfiles::cases("fluiddata/formatted_fields.csv")));
+
+TEST(FieldRead, NonFiniteAndMalformedFieldsAreFaultsAndTinyValuesUnderflowToSignedZero) {
+    for (const char* f : {"Inf", "-Infinity", "NaN", "1E999", "1.0D+400", "9999999E400", "1E99999999999999999999",
+                          "E5", "--1", "\t1.5", "1.5\r"})
+        EXPECT_FALSE(fr::real(f, 3)) << f;
+    EXPECT_FALSE(fr::real(std::string_view("1\0" "5", 3), 3));
+    EXPECT_EQ(*fr::real("1E-99999999999999999999", 0), 0.0);
+    EXPECT_TRUE(std::signbit(*fr::real("-1E-999", 3)));
+}
+
+// --- the gas data file and the database record ------------------------------
+
+// Checks the field of a row (or the row count, "size") named by a case table column against its text there.
 void expect_field(const fd::TableRow& r, const std::string& c, const std::string& want) {
     if (c == "name") {
         EXPECT_EQ(r.name.trimmed(), want);
@@ -29,60 +58,35 @@ void expect_field(const fd::TableRow& r, const std::string& c, const std::string
                          : c == "mmol_kg_per_mol" ? r.mmol
                          : c == "sigma_angstrom"  ? r.sigma
                          : c == "eps_over_k_K"    ? r.eps
+                         : c == "size"            ? fd::table_size()
                                                   : std::nan("");
         EXPECT_EQ(v, std::stod(want)) << c;
     }
 }
 
-// The row count and every field of every row (1..250).
-using Snapshot = std::pair<int, std::vector<fd::TableRow>>;
-Snapshot snapshot() {
-    Snapshot s{fd::table_size(), {}};
-    for (int r = 1; r <= od::max_components; ++r) s.second.push_back(fd::table_row(r));
-    return s;
-}
-void expect_same(const Snapshot& a, const Snapshot& b) {
-    const auto fields = [](const fd::TableRow& r) {
-        return std::tie(r.name.text, r.namato, r.numato, r.tmin, r.tmax, r.mmol, r.coef, r.sigma, r.eps);
-    };
-    ASSERT_EQ(a.first, b.first);
-    for (std::size_t i = 0; i < a.second.size(); ++i) EXPECT_TRUE(fields(a.second[i]) == fields(b.second[i])) << i + 1;
-}
-
-// --- the gas data file ----------------------------------------------------
-
-// The two-block file G1, G2 with the edit of a case table row.
-std::string edited_file(const CsvRow& e) {
-    auto lines = od::fluiddb::split_lines(gasfiles::blocks(2));
-    const std::size_t l = std::stoul(e[1]) - 1, column = std::stoul(e[2]);
-    if (e[0] == "set") lines.at(l).replace(column - 1, e[3].size(), e[3]);
-    else lines.at(l).resize(column);
-    if (e[0] == "end") lines.resize(l + 1);
-    std::string text;
-    for (const auto& line : lines) text += line + "\n";
-    if (e[0] == "end") text.pop_back();
-    return text;
-}
-
 class GasFileEdits : public GasTest, public ::testing::WithParamInterface<CsvRow> {};
 
+// The two-block file G1, G2 with one edit, loaded from the file or as a database record.
 TEST_P(GasFileEdits, ReadWithTheFixedColumnLayout) {
     const CsvRow& e = GetParam();
     SCOPED_TRACE(e.text);
-    load_text(edited_file(e));
-    if (e[5] == "size") {
-        EXPECT_EQ(fd::table_size(), std::stoi(e[6]));
+    auto lines = od::fluiddb::split_lines(gasfiles::blocks(2));
+    const std::size_t l = std::stoul(e[1]), column = std::stoul(e[2]);
+    if (e[0] == "set") lines.at(l - 1).replace(column - 1, e[3].size(), e[3]);
+    if (e[0] == "cut" || e[0] == "end") lines.at(l - 1).resize(column);
+    if (e[0] == "end" || e[0] == "record") lines.resize(l);
+    std::string text;
+    for (const auto& line : lines) text += line + "\n";
+    if (e[0] == "record") {
+        od::host::set_hooks({}, [&](auto, auto) { return od::host::FluidRecord{lines, std::stoi(e[3])}; });
+        fd::readgasdb("/unused/", "Ondrel.Dat");
     } else {
-        expect_field(fd::table_row(std::stoi(e[4])), e[5], e[6]);
+        load_text(e[0] == "end" ? text.substr(0, text.size() - 1) : text);
     }
+    expect_field(fd::table_row(std::stoi(e[4])), e[5], e[6]);
 }
 
 INSTANTIATE_TEST_SUITE_P(EditedBlocks, GasFileEdits, ::testing::ValuesIn(gasfiles::cases("fluiddata/gas_file_edits.csv")));
-
-TEST_F(GasTest, MissingFileOrDirectoryLoadsNothing) {
-    for (const std::string& path : {tmp.file("none"), tmp.dir(), std::string()}) fd::readgasfile(path);
-    EXPECT_EQ(fd::table_size(), 0);
-}
 
 TEST_F(GasTest, FileLoadsAtMost250Blocks) {
     for (int count : {250, 251, 300}) {
@@ -103,72 +107,61 @@ TEST_F(GasTest, VeryLongLinesKeepTheirLeadingColumnsAndBinaryGarbageNeverCrashes
     std::mt19937 rng(12345);
     for (int trial = 0; trial < 20; ++trial) {
         text.resize(1 + rng() % 200'000);
-        for (std::size_t i = 0; i < text.size(); ++i)  // many short lines in half the trials
-            text[i] = static_cast<char>(trial % 2 == 0 && rng() % 50 == 0 ? '\n' : rng() % 256);
+        for (char& c : text) c = static_cast<char>(trial % 2 == 0 && rng() % 50 == 0 ? '\n' : rng() % 256);
         load_text(text);
         EXPECT_LE(fd::table_size(), 250);
     }
 }
 
-// --- the database record and both sources ------------------------------------
-
-TEST_F(GasTest, RecordGivesOneRowPerFullBlockOfItsFirst255Lines) {
-    const auto all = od::fluiddb::split_lines(gasfiles::blocks(70));
-    const auto load_record = [](std::vector<std::string> lines, int status) {
-        fd::reset_for_tests();
-        od::host::set_hooks({}, [=](auto, auto) { return od::host::FluidRecord{lines, status}; });
-        fd::readgasdb("/unused/", "Ondrel.Dat");
+// The row count and every field of every row (1..250).
+auto whole_table() {
+    const auto fields = [](const fd::TableRow& r) {
+        return std::tuple(r.name.text, r.namato, r.numato, r.tmin, r.tmax, r.mmol, r.coef, r.sigma, r.eps);
     };
-    for (const auto& [lines, rows] : std::vector<std::pair<int, int>>{{9, 2}, {8, 1}, {5, 1}, {4, 0}, {0, 0}, {281, 63}}) {
-        load_record({all.begin(), all.begin() + lines}, 1);
-        EXPECT_EQ(fd::table_size(), rows) << lines;
-    }
-    EXPECT_EQ(fd::table_row(63).name, CompName::from("G63"));
-    load_record(all, 0);
-    EXPECT_EQ(fd::table_size(), 0);
-}
-
-// Loads text through readgas from the gas data file and from the database record; compares the tables.
-void expect_sources_agree(const gasfiles::TempDir& tmp, const std::string& text) {
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), text);
-    ASSERT_EQ(od::fluiddb::import_record(tmp.file("fluids.db"), "Ondrel.Dat", text), "");
-    gasfiles::ScopedEnv path("ONDREL_FLUIDPATH", tmp.dir()), source("ONDREL_GAS_SOURCE", std::nullopt);
-    fd::readgas();
-    const Snapshot file = snapshot();
-    EXPECT_GT(file.first, 0);
-    source.set("database");
-    fd::reset_for_tests();
-    fd::readgas();
-    expect_same(file, snapshot());
-    fd::reset_for_tests();
+    std::vector<decltype(fields(fd::table_row(1)))> rows;
+    for (int i = 1; i <= od::max_components; ++i) rows.push_back(fields(fd::table_row(i)));
+    return std::pair(fd::table_size(), rows);
 }
 
 TEST_F(GasTest, BothSourcesGiveTheSameTable) {
     std::ifstream in(ONDREL_SOURCE_DATA_DIR "Ondrel.Dat", std::ios::binary);
-    expect_sources_agree(tmp, std::string(std::istreambuf_iterator<char>(in), {}));
-    std::string faulty = gasfiles::blocks(5, "\r\n");  // cutting 000 puts the CR inside the fields of mmol and eps
-    for (std::size_t p; (p = faulty.find("000\r\n")) != std::string::npos;) faulty.erase(p, 3);
+    std::string faulty;  // CR LF, the CR inside the fields of mmol and eps as 000 is cut from them
+    for (const auto& l : od::fluiddb::split_lines(gasfiles::blocks(5)))
+        faulty += l.substr(0, l.size() - (l.ends_with("000") ? 3 : 0)) + "\r\n";
     faulty.replace(faulty.find("G2") + 50, 6, "?bad?!");   // a name line fault
     faulty.replace(faulty.find("G3") + 100, 6, "?bad?!");  // a coefficient fault
-    expect_sources_agree(tmp, faulty);
+    env("ONDREL_FLUIDPATH", dir());
+    for (const std::string& text : {std::string(std::istreambuf_iterator<char>(in), {}), faulty}) {
+        gasfiles::write_file(file("Ondrel.Dat"), text);
+        ASSERT_EQ(od::fluiddb::import_record(file("fluids.db"), "Ondrel.Dat", text), "");
+        env("ONDREL_GAS_SOURCE", std::nullopt);
+        reset();
+        fd::readgas();
+        const auto from_file = whole_table();
+        EXPECT_GT(from_file.first, 0);
+        env("ONDREL_GAS_SOURCE", "database");
+        reset();
+        fd::readgas();
+        EXPECT_TRUE(whole_table() == from_file);
+    }
 }
 
 TEST_F(GasTest, TheTableIsLoadedOnceFromTheConfiguredSourceEvenWhenThatFails) {
-    gasfiles::ScopedEnv path("ONDREL_FLUIDPATH", tmp.dir()), source("ONDREL_GAS_SOURCE", "database");
-    gasfiles::write_file(tmp.file("Ondrel.Dat"), gasfiles::blocks(2));
-    EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // no database yet
+    env("ONDREL_FLUIDPATH", dir());
+    env("ONDREL_GAS_SOURCE", std::nullopt);
+    fd::readgasfile(dir());  // a directory, and no path at all: nothing
+    fd::readgasfile("");
+    EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // no gas data file yet
     EXPECT_TRUE(fd::dbread());
-    ASSERT_EQ(od::fluiddb::import_record(tmp.file("fluids.db"), "Ondrel.Dat", gasfiles::blocks(3)), "");
+    gasfiles::write_file(file("Ondrel.Dat"), gasfiles::blocks(2));
     fd::readgas();
     EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // not retried
-    fd::reset_for_tests();
+    reset();
+    EXPECT_EQ(fd::iscomp(CompName::from("G2")) + fd::iscomp(CompName::from("G3")), 1);
+    env("ONDREL_GAS_SOURCE", "database");
+    ASSERT_EQ(od::fluiddb::import_record(file("fluids.db"), "Ondrel.Dat", gasfiles::blocks(3)), "");
+    reset();
     EXPECT_TRUE(fd::iscomp(CompName::from("G3")));
-    source.set(std::nullopt);
-    fd::reset_for_tests();
-    EXPECT_EQ(fd::iscomp(CompName::from("G2")) + fd::iscomp(CompName::from("G3")), 1);  // the file has two rows
-    fd::reset_for_tests();
-    fd::setdbread();
-    EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // marked loaded: nothing is read
 }
 
 TEST(GasDataFile, EveryRowReadsBackToTheValuesWritten) {
