@@ -173,8 +173,9 @@ std::optional<Properties> newton_gibbs(int region, const Conditions& c, double p
 
 // The state satisfying both conditions, searched by Newton in the given
 // region from (x0, t0), x0 being p for a Gibbs region and rho for region 3.
-// A solution that lands in another region is searched once more in that
-// region from where it landed; empty when neither is a valid state.
+// A solution that lands across a region boundary (623.15 K, B23, 1073.15
+// K) is searched once more in that region from where it landed; empty when
+// neither is a valid state.
 std::optional<State> solve_in_region(int region, const Conditions& c, double x0, double t0) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (region == 3) return newton_region3(c, x0, t0);
@@ -183,7 +184,9 @@ std::optional<State> solve_in_region(int region, const Conditions& c, double x0,
         Error e;
         const int landed = region_pt(st->p, st->t, e);
         if (landed == region) return State{region, region == 1 ? 0.0 : 1.0, *st};
-        if (landed == 0) return std::nullopt;
+        // A liquid solution on the vapour side of the saturation line or
+        // the reverse is a metastable state: the stable one is wet.
+        if (landed == 0 || landed + region == 3) return std::nullopt;
         region = landed;
         x0 = landed == 3 ? st->rho : st->p;
         t0 = st->t;
