@@ -77,9 +77,8 @@ TEST_P(Requests, GiveTheTabulatedValueAndCode) {
     EXPECT_EQ(err, r.num("code", 0.0));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, Requests, ::testing::ValuesIn(od::test::read_csv("ondrel/requests.csv")));
-INSTANTIATE_TEST_SUITE_P(AirReference, Requests,
-                         ::testing::ValuesIn(od::test::read_csv("ondrel/air_reference.csv")));
+INSTANTIATE_TEST_SUITE_P(Rules, Requests, od::test::rows_of("ondrel/requests.csv"), od::test::row_name);
+INSTANTIATE_TEST_SUITE_P(AirReference, Requests, od::test::rows_of("ondrel/air_reference.csv"), od::test::row_name);
 
 TEST_F(Ondrel, PropAllpropsAndTheirExportsAgreeOnAllSixteenProperties) {
     struct Case { const char* spec; double a, b; const Mix& m; };

@@ -61,6 +61,6 @@ TEST_P(Brent, GivesTheTabulatedRootCodeAndEvaluations) {
     EXPECT_TRUE(ierr != 0 || evaluated.size() <= 2 || b == x) << b;
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, Brent, ::testing::ValuesIn(od::test::read_csv("solver/brent_cases.csv")));
+INSTANTIATE_TEST_SUITE_P(Cases, Brent, od::test::rows_of("solver/brent_cases.csv"), od::test::row_name);
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "fluiddata/od_types.hpp"
 
 namespace od::test {
@@ -49,6 +51,11 @@ inline std::vector<CsvRow> read_csv(const std::string& file) {
     }
     return rows;
 }
+
+// The rows of a table as test parameters, and their test names row0, row1, ...
+// (printed rows would make unwieldy test names).
+inline auto rows_of(const std::string& file) { return ::testing::ValuesIn(read_csv(file)); }
+inline std::string row_name(const ::testing::TestParamInfo<CsvRow>& info) { return "row" + std::to_string(info.index); }
 
 // A mixture written as "N2:0.79;O2:0.21" (name:concentration, ';' between).
 struct TestMixture {

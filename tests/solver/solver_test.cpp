@@ -45,7 +45,7 @@ TEST_P(PairCases, GiveTheTabulatedValueAndCode) {
     EXPECT_EQ(ierr, c.num("ierr"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, PairCases, ::testing::ValuesIn(od::test::read_csv("solver/pair_cases.csv")));
+INSTANTIATE_TEST_SUITE_P(Table, PairCases, od::test::rows_of("solver/pair_cases.csv"), od::test::row_name);
 
 // A state in SI units; of() takes a letter of an input pair ("d" gives v).
 struct State {
@@ -87,8 +87,6 @@ TEST(Composed, PublicMembersReproduceTheForwardState) {
     const Mixture wet = use("wet_flue");
     EXPECT_EQ(sv::h_pv(1e5, 1e6, wet), td::h_pt(1e5, -8888.8, wet));
 }
-
-// --- round trips -----------------------------------------------------------
 
 // Residual of the equation that get_p (unknown 'P') or get_t ('T') solves for
 // a pair, at x: the state's missing variable comes from the held pressure or
@@ -164,6 +162,6 @@ TEST_P(RoundTrip, EveryPairGivesBackTheStateOrARootOfTheDesignsEquation) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, RoundTrip, ::testing::ValuesIn(od::test::read_csv("solver/round_trip_states.csv")));
+INSTANTIATE_TEST_SUITE_P(Table, RoundTrip, od::test::rows_of("solver/round_trip_states.csv"), od::test::row_name);
 
 }  // namespace
