@@ -2,7 +2,7 @@
 ! program, with Fortran's own text arguments and hidden lengths.
 program fortran_caller
   implicit none
-  integer(4), external :: iscomp, getidx, getstoredidx, dbread
+  integer(4), external :: iscomp, getidx, getstoredidx
   real(8), external :: getmmol
   character(len=1), external :: getphase
   character(len=12) :: names(250)
@@ -14,7 +14,6 @@ program fortran_caller
   call fluidpath(dir, 'Ondrel')
   if (dir(len_trim(dir):len_trim(dir)) /= '/') error stop 'fluidpath ends with a separator'
   if (iscomp('N2') /= 1) error stop 'iscomp loads the table and finds N2'
-  if (dbread() /= 1) error stop 'loaded after iscomp'
   call getcompset(n, names)
   row = getidx('N2      ')
   if (row < 1 .or. row > n) error stop 'getidx finds N2 among the rows'

@@ -3,11 +3,11 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +17,7 @@
 
 namespace gasfiles {
 
-inline void write_file(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+inline void write_file(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
 
 // A line of a case table in tests/data and its comma-separated fields ("..." may hold commas).
 struct CsvRow {
@@ -28,13 +28,13 @@ struct CsvRow {
 };
 inline void PrintTo(const CsvRow& r, std::ostream* os) { *os << "line" << r.line; }
 
-// The lines of a case table after its source comment: the column names, then the cases.
-inline std::vector<CsvRow> read_csv(const std::string& name) {
-    std::ifstream in(ONDREL_TEST_DATA_DIR + name);
+// The cases of a table in tests/data/fluiddata/, after the source comment and (unless header) the column names.
+inline std::vector<CsvRow> read_csv(const std::string& name, bool header = false) {
+    std::ifstream in(ONDREL_TEST_DATA_DIR "fluiddata/" + name);
     std::vector<CsvRow> rows;
     std::string text;
     for (int n = 1; std::getline(in, text); ++n) {
-        if (n == 1) continue;
+        if (n == 1 || (n == 2 && !header)) continue;
         CsvRow& row = rows.emplace_back(CsvRow{n, text});
         bool quoted = false;
         for (char c : text) {
@@ -43,10 +43,9 @@ inline std::vector<CsvRow> read_csv(const std::string& name) {
             else if (c != '\r') row.f.back() += c;
         }
     }
-    EXPECT_GT(rows.size(), 1u) << name;
+    EXPECT_FALSE(rows.empty()) << name;
     return rows;
 }
-inline std::vector<CsvRow> cases(const std::string& name) { auto r = read_csv(name); return {r.begin() + 1, r.end()}; }
 
 // A component whose values follow from seed: elements N 2, tmin seed + 200 K, tmax seed + 5000 K,
 // mmol seed / 1000 kg/mol, range r (1, 2) coefficient k (1..7) seed + r - 1 + k / 8,
@@ -76,7 +75,7 @@ inline std::string blocks(int count, std::vector<std::string> names = {}) {
 class GasTest : public ::testing::Test {
 protected:
     std::string path = (std::filesystem::temp_directory_path() / "ondrel-test-XXXXXX").string();
-    std::array<std::pair<std::string, std::optional<std::string>>, 2> saved{{{"ONDREL_FLUIDPATH", {}}, {"ONDREL_GAS_SOURCE", {}}}};
+    std::map<std::string, std::optional<std::string>> saved{{"ONDREL_FLUIDPATH", {}}, {"ONDREL_GAS_SOURCE", {}}};
     void SetUp() override {
         ASSERT_NE(mkdtemp(path.data()), nullptr);
         for (auto& [name, value] : saved)
@@ -85,17 +84,12 @@ protected:
     }
     void TearDown() override {
         reset();
-        for (const auto& [name, value] : saved) env(name, value);
+        for (const auto& [name, value] : saved) env(name.c_str(), value);
         std::filesystem::remove_all(path);
     }
-    static void reset() {
-        od::fluiddata::reset_for_tests();
-        od::host::reset_for_tests();
-    }
+    static void reset() { od::fluiddata::reset_for_tests(); od::host::reset_for_tests(); }
     // Sets (with nullopt: unsets) an environment variable.
-    static void env(const std::string& name, const std::optional<std::string>& v) {
-        v ? setenv(name.c_str(), v->c_str(), 1) : unsetenv(name.c_str());
-    }
+    static void env(const char* n, const std::optional<std::string>& v) { v ? setenv(n, v->c_str(), 1) : unsetenv(n); }
     std::string dir() const { return path + "/"; }  // as a fluid path
     std::string file(const std::string& name) const { return dir() + name; }
     // Writes text as the gas data file and loads it.
