@@ -46,7 +46,7 @@ double cp_0(const CompName& name, double t) { return component::cp_of(coefs(name
 double h_0(const CompName& name, double t) { return component::h_of(coefs(name, t), t); }
 
 double s_0(const CompName& name, double p, double t) {
-    const double s = component::s_of(coefs(name, t), t);
+    const double s = component::s_of(coefs(name, t), t, std::log(t));
     // Condensed species carry no pressure term.
     if (fluiddata::getphase(name) != 'G') return s;
     return s - std::log(p / p_ref);
@@ -73,11 +73,3 @@ bool isinit(double x) { return std::fabs(x - missing_value) < sentinel_tolerance
 bool isnotinit(double x) { return !isinit(x); }
 
 }  // namespace od::basefuncs
-
-namespace od::component {
-
-double s_of(const Coefs& a, double t) {
-    return a[0] * std::log(t) + t * (a[1] + t * (a[2] / 2.0 + t * (a[3] / 3.0 + t * (a[4] / 4.0)))) + a[6];
-}
-
-}  // namespace od::component

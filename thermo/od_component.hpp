@@ -44,8 +44,10 @@ inline double h_of(const Coefs& a, double t) {
     return t * (a[0] + t * (a[1] / 2.0 + t * (a[2] / 3.0 + t * (a[3] / 4.0 + t * (a[4] / 5.0))))) + a[5];
 }
 
-// S/R at the reference pressure.
-double s_of(const Coefs& a, double t);
+// S/R at the reference pressure; log_t is ln(t), formed once per mixture evaluation.
+inline double s_of(const Coefs& a, double t, double log_t) {
+    return a[0] * log_t + t * (a[1] + t * (a[2] / 2.0 + t * (a[3] / 3.0 + t * (a[4] / 4.0)))) + a[6];
+}
 
 // d(cp/R)/dT
 inline double dcp_of(const Coefs& a, double t) { return a[1] + t * (2.0 * a[2] + t * (3.0 * a[3] + t * (4.0 * a[4]))); }

@@ -97,13 +97,15 @@ double h_pt(double p, double t, const Mixture& mix) {
 
 double s_pt(double p, double t, const Mixture& mix) {
     const double g = gas_fraction(p, t, mix);
+    const double log_t = std::log(t);
+    const double log_p = std::log(p / basefuncs::p_ref);
     const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::s_h2o(c / g, p, t);
-        const double s0 = component::s_of(component::coefs(row, t), t);
+        const double s0 = component::s_of(component::coefs(row, t), t, log_t);
         // Condensed species: no pressure term and no mixing term.
         if (fluiddata::getphase(name) != 'G') return s0;
         // Mixing entropy from the fraction within the gas phase.
-        return s0 - std::log(p / basefuncs::p_ref) - std::log(c / g);
+        return s0 - log_p - std::log(c / g);
     });
     if (!(s.m > 0.0)) return 0.0;
     return s.x * r_gas / s.m;
