@@ -171,24 +171,24 @@ double state_value(std::int32_t ireg, double a, double b) {
 }
 
 // ---------------------------------------------------------------------------
-// Region-3 volume at (p, t): regula falsi with halving from two starting
-// volumes; stops when the pressure matches within eps p or the bracket is
-// narrower than eps times the volume; after 40 steps keeps the last volume.
+// Region-3 volume at (p, t) from two starting volumes: pws_i3's secant steps
+// with halving (at most 40; they stop when the pressure matches within eps p
+// or the bracket is narrower than eps times the volume, and after 40 steps
+// keep the last volume).
+double a3_eps(double v, double t, double /*eps*/) { return pws_a3(v, t); }
+
 double v3_solve(double p, double t, double a, double b, double eps) {
-    // The search stays inside the volumes of region 3, so that trial volumes
-    // of the search are not reported as states out of range.
-    a = std::clamp(a, v3_min, v3_max);
-    b = std::clamp(b, v3_min, v3_max);
-    const double r = std::fabs(p * eps);
+    // The equation has no value at a volume that is not positive (the vapour
+    // pair's upper volume above about 708.7 C): such a start is replaced by
+    // the lowest volume of region 3.
+    if (!(a > 0.0)) a = v3_min;
+    if (!(b > 0.0)) b = v3_min;
     double fa = pws_a3(a, t) - p;
-    if (std::fabs(fa) < r) return a;
     double fb = pws_a3(b, t) - p;
-    if (std::fabs(fb) < r) return b;
     // Starting volumes that do not enclose the root are widened towards it
-    // (pressure falls with volume on both branches): each widening counts
-    // as a step.
-    int step = 0;
-    for (; step < max_steps && fa * fb > 0.0; ++step) {
+    // inside the volumes of region 3 (pressure falls with volume on both
+    // branches), at most 40 times.
+    for (int step = 0; step < max_steps && fa * fb > 0.0; ++step) {
         if (a > b) std::swap(a, b), std::swap(fa, fb);
         const double width = b - a;
         if (fa < 0.0) {  // both pressures too low: the root lies at a smaller volume
@@ -203,40 +203,23 @@ double v3_solve(double p, double t, double a, double b, double eps) {
             fb = pws_a3(b, t) - p;
         }
     }
-    double x = b;
-    for (; step < max_steps; ++step) {
-        if (std::fabs(a - b) < std::fabs(a) * eps || fa == fb) return (a + b) * 0.5;
-        x = a - (a - b) * fa / (fa - fb);
-        const double fx = pws_a3(x, t) - p;
-        if (std::fabs(fx) < r) return x;
-        if (fa * fx <= 0.0) {
-            const double m = (x + a) * 0.5;
-            const double fm = pws_a3(m, t) - p;
-            if (fa * fm <= 0.0) {
-                b = m, fb = fm;
-            } else {
-                a = m, fa = fm, b = x, fb = fx;
-            }
-        } else {
-            const double m = (x + b) * 0.5;
-            const double fm = pws_a3(m, t) - p;
-            if (fb * fm <= 0.0) {
-                a = m, fa = fm;
-            } else {
-                a = x, fa = fx, b = m, fb = fm;
-            }
-        }
-    }
-    return x;
+    return pws_i3(a3_eps, t, p, a, b, eps);
 }
 
+// Starting volumes (m3/kg) of the liquid and vapour solves at t (C).
+double liquid_start(double t) { return liquid_start_slope * t + liquid_start_offset; }
+double vapour_start_lo(double t) { return vapour_start_lo_slope * t + vapour_start_lo_offset; }
+double vapour_start_hi(double t) { return vapour_start_hi_offset + vapour_start_hi_slope * t; }
+
+// Region-3 volumes at the ends of the pieces of an isobar or isotherm: the
+// starting volumes are kept inside region 3, so that the probes of these
+// searches are not reported as states out of range.
+double in_v3(double v) { return std::clamp(v, v3_min, v3_max); }
 double v3_liquid(double p, double t, double eps) {
-    return v3_solve(p, t, liquid_start_slope * t + liquid_start_offset, v3_min, eps);
+    return v3_solve(p, t, in_v3(liquid_start(t)), v3_min, eps);
 }
-
 double v3_vapour(double p, double t, double eps) {
-    return v3_solve(p, t, vapour_start_lo_slope * t + vapour_start_lo_offset,
-                    vapour_start_hi_offset + vapour_start_hi_slope * t, eps);
+    return v3_solve(p, t, in_v3(vapour_start_lo(t)), in_v3(vapour_start_hi(t)), eps);
 }
 
 double reduced_temperature(double t) { return (t + celsius_offset) / crit_tk; }
@@ -694,7 +677,7 @@ std::int32_t pwsrpt(double& a, double& b, double eps) {
         const double ps = pws_pt(t);
         if (eps * p > std::fabs(p - ps)) return ireg_wet_r3;  // Intended: pressure kept in a.
         if (p > ps) {
-            a = v3_liquid(p, t, eps);
+            a = v3_solve(p, t, liquid_start(t), v3_min, eps);
             return ireg_r3_liquid;
         }
     }
@@ -703,7 +686,10 @@ std::int32_t pwsrpt(double& a, double& b, double eps) {
         comt2(p, t);
         return ireg_vapour;
     }
-    a = v3_vapour(p, t, eps);
+    // The search starts from 5.6E-6 t - 0.00073 as it stands: up to about
+    // 365.3 C that volume lies below region 3, and the bound check of the
+    // region-3 terms reports it.
+    a = v3_solve(p, t, vapour_start_lo(t), vapour_start_hi(t), eps);
     return ireg_r3_vapour;
 }
 
