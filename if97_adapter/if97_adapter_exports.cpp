@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "host/ftn_text.hpp"
+#include "if97/if97.h"
 #include "if97_adapter/if97_qv.hpp"
 #include "ondrel/if97_qv.h"
 
@@ -18,17 +20,12 @@ namespace qv = od::if97_qv;
 // Largest list length taken from the caller's count in if97_getfluid_.
 constexpr std::int32_t max_list_entries = 250;
 
-double value_of(const double* x) { return x != nullptr ? *x : 0.0; }
+// A missing input value reads as NaN, which the IF97 library refuses with a
+// message, so that no state is computed from a value the caller never gave.
+double value_of(const double* x) { return x != nullptr ? *x : std::numeric_limits<double>::quiet_NaN(); }
 
 void put(double* out, double value) {
     if (out != nullptr) *out = value;
-}
-
-// Number of result slots of a property list: one per name, the names being
-// separated by commas and the list ending at the first full stop.
-std::size_t name_count(std::string_view list) {
-    const std::size_t end = std::min(list.find('.'), list.size());
-    return 1 + static_cast<std::size_t>(std::count(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(end), ','));
 }
 
 }  // namespace
@@ -69,7 +66,7 @@ void if97_props_(const char* spec, const double* value1, const double* value2,
                  const char* properties, double* results, char* message, std::size_t spec_len,
                  std::size_t properties_len, std::size_t message_len) {
     const std::string_view list = ftn::view(properties, properties_len);
-    std::vector<double> slots(results != nullptr ? name_count(list) : 0);
+    std::vector<double> slots(results != nullptr ? qv::result_count(list) : 0);
     std::string msg;
     qv::if97_props(ftn::view(spec, spec_len), value_of(value1), value_of(value2), list, slots, msg);
     std::copy(slots.begin(), slots.end(), results);
@@ -99,16 +96,13 @@ void if97_allprops_(const char* spec, const double* value1, const double* value2
     ftn::store(message, message_len, msg);
 }
 
+// Version and set-up hand their arguments unchanged to the IF97 library's
+// own entries.
 void if97_getversion_(std::int32_t* major, std::int32_t* minor, std::int32_t* patch,
                       std::int32_t* build) {
-    std::int32_t a = 0, b = 0, c = 0, e = 0;
-    qv::if97_getversion(a, b, c, e);
-    if (major != nullptr) *major = a;
-    if (minor != nullptr) *minor = b;
-    if (patch != nullptr) *patch = c;
-    if (build != nullptr) *build = e;
+    getversion_(major, minor, patch, build);
 }
 
-void if97_qv_sub_(void) { qv::if97_qv_sub(); }
+void if97_qv_sub_(void) { if97_sub_(); }
 
 }  // extern "C"

@@ -69,7 +69,7 @@ std::pair<double, double> translate_inputs(std::string_view spec, double value1,
         st.code2 = 'x';
     } else if (st.code2 == 'd') {
         st.code2 = 'v';
-        value2 = 1.0 / value2;
+        value2 = 1.0 / value2;  // Intended: unchecked, as for the first letter.
     }
     return {value1, value2};
 }
@@ -139,6 +139,10 @@ double if97_prop(std::string_view spec, double value1, double value2, std::strin
     return st.single_result;
 }
 
+std::size_t result_count(std::string_view properties) {
+    return std::max<std::size_t>(1, if97::property_count(properties));
+}
+
 void if97_props(std::string_view spec, double value1, double value2, std::string_view properties,
                 std::span<double> results, std::string& message) {
     call_library(spec, value1, value2, properties, results, message);
@@ -152,6 +156,7 @@ AllProps if97_allprops(std::string_view spec, double value1, double value2, std:
     a.p = r[0];
     a.t = r[1];
     a.v = r[2];
+    // Intended: inverted unchecked, so a volume left at -8888.8 gives d = 1/-8888.8.
     a.d = 1.0 / r[2];
     a.h = r[3];
     a.s = r[4];
@@ -162,6 +167,7 @@ AllProps if97_allprops(std::string_view spec, double value1, double value2, std:
     a.lambda = r[9];
     a.first.fill(missing_value);
     a.second.fill(missing_value);
+    // Intended: formed from x even when the library left it at -8888.8.
     a.first[0] = 1.0 - r[6];
     a.second[0] = r[6];
     return a;

@@ -59,6 +59,11 @@ double if97_getinfo(std::string_view info, std::string& message);
 double if97_prop(std::string_view spec, double value1, double value2,
                  std::string_view property, std::string& message);
 
+// Entries of a result list that if97_props fills for the caller's property
+// list: one per name (names separated by commas, the list ending at the
+// first full stop), and at least one.
+std::size_t result_count(std::string_view properties);
+
 // Like if97_prop for a list of names separated by commas: every entry of
 // results is set to -8888.8, then the library fills one entry per name.
 void if97_props(std::string_view spec, double value1, double value2,
