@@ -10,6 +10,7 @@
 #include "if97/if97.hpp"
 #include "if97_adapter/if97_qv.hpp"
 #include "ondrel/if97_qv.h"
+#include "tests/if97_adapter/prop_cases.hpp"
 
 namespace {
 
@@ -34,17 +35,23 @@ std::string padded(std::string_view s, std::size_t n) {
     return out;
 }
 
-TEST(If97QvExports, PropTakesBlankPaddedTextsAndFillsTheMessageBuffer) {
-    Text<2> spec("Tq");
-    Text<10> property("P.");
-    Text<80> message("old text");
-    const double v1 = 100.0, v2 = 0.0;
-    const double p = if97_prop_(spec.data(), &v1, &v2, property.data(), message.data(), spec.len(),
-                                property.len(), message.len());
-    EXPECT_NEAR(p, 1.01418, 1e-5);
-    EXPECT_EQ(message.str(), padded("No errors", 80));
-    EXPECT_EQ(od::if97_qv::state().code2, 'x');
+class ExportedPropCases : public ::testing::TestWithParam<od::test::CsvRow> {};
+
+TEST_P(ExportedPropCases, GiveTheCoresResultAndMessageInBlankPaddedBuffers) {
+    const if97_adapter_test::PropCase c(GetParam());
+    std::string core_message;
+    const double core = od::if97_qv::if97_prop(c.spec, c.value1, c.value2, c.property, core_message);
+    const std::string spec = padded(c.spec, 2);
+    const std::string property = padded(c.property, 16);
+    std::string message(80, '#');
+    const double exported = if97_prop_(spec.data(), &c.value1, &c.value2, property.data(), message.data(),
+                                       spec.size(), property.size(), message.size());
+    EXPECT_EQ(std::memcmp(&exported, &core, sizeof core), 0) << exported << " " << core;
+    EXPECT_EQ(message, padded(core_message, 80));
 }
+
+INSTANTIATE_TEST_SUITE_P(Table, ExportedPropCases, od::test::rows_of("if97_adapter/prop_cases.csv"),
+                         od::test::row_name);
 
 TEST(If97QvExports, MessageIsCutToAShortBuffer) {
     Text<2> spec("PT");
@@ -142,7 +149,7 @@ TEST(If97QvExports, VersionAndSetUpAreForwardedToTheLibrary) {
     EXPECT_FALSE(adapter.empty());
 }
 
-TEST(If97QvExports, NullValuePointersDoNotCrash) {
+TEST(If97QvExports, MissingValuePointersAreRefusedWithoutACrash) {
     Text<2> spec("PT");
     Text<4> property("h");
     Text<20> message;
@@ -150,6 +157,12 @@ TEST(If97QvExports, NullValuePointersDoNotCrash) {
                          property.len(), message.len()),
               missing);
     if97_prop_(spec.data(), nullptr, nullptr, property.data(), nullptr, spec.len(), property.len(), 0);
+    // A missing quality is not taken as 0: the library refuses it.
+    Text<2> saturation("Tq");
+    const double t = 100.0;
+    EXPECT_EQ(if97_prop_(saturation.data(), &t, nullptr, property.data(), message.data(),
+                         saturation.len(), property.len(), message.len()),
+              missing);
 }
 
 }  // namespace
