@@ -682,10 +682,9 @@ std::int32_t pwsrpt(double& a, double& b, double eps) {
         }
     }
     const double theta = reduced_temperature(t);
-    if ((sel_b2 * theta + sel_b1) * theta + sel_b0 > p / crit_p) {
-        comt2(p, t);
-        return ireg_vapour;
-    }
+    // Above 350 C a region-2 state is placed without its common terms: a
+    // temperature out of range is reported when a property is evaluated.
+    if ((sel_b2 * theta + sel_b1) * theta + sel_b0 > p / crit_p) return ireg_vapour;
     // The search starts from 5.6E-6 t - 0.00073 as it stands: up to about
     // 365.3 C that volume lies below region 3, and the bound check of the
     // region-3 terms reports it.
