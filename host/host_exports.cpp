@@ -14,20 +14,28 @@ namespace {
 constexpr std::size_t record_lines = 255;
 constexpr std::size_t record_width = 255;
 
+// A text in a blank-padded buffer of the 256 characters a host routine may declare.
+std::array<char, od::host::text_width> padded(std::string_view text) {
+    std::array<char, od::host::text_width> buffer;
+    ftn::store(buffer.data(), buffer.size(), text);
+    return buffer;
+}
+
 // Calls a host fluidpath with a 256-character buffer; the trimmed result.
 std::string call_fluidpath(ondrel_fluidpath_fn fn, std::string_view library) {
-    std::array<char, od::host::text_width> buffer;
-    buffer.fill(' ');
+    std::array<char, od::host::text_width> buffer = padded({});
     fn(buffer.data(), library.data(), buffer.size(), library.size());
     return std::string(ftn::trimmed(buffer.data(), buffer.size()));
 }
 
-// Calls a host getfluid with a buffer of 255 lines of 255 characters.
+// Calls a host getfluid with the directory and name as 256-character texts
+// and a buffer of 255 lines of 255 characters.
 od::host::FluidRecord call_getfluid(ondrel_getfluid_fn fn, std::string_view directory, std::string_view name) {
+    const auto dir_text = padded(directory), name_text = padded(name);
     std::vector<char> buffer(record_lines * record_width, ' ');
     std::int32_t status = 0;
-    const std::int32_t count = fn(directory.data(), name.data(), buffer.data(), &status, directory.size(),
-                                  name.size(), record_width);
+    const std::int32_t count = fn(dir_text.data(), name_text.data(), buffer.data(), &status, dir_text.size(),
+                                  name_text.size(), record_width);
     const std::size_t n = static_cast<std::size_t>(std::clamp<std::int32_t>(count, 0, record_lines));
     od::host::FluidRecord record;
     record.status = status;

@@ -98,8 +98,9 @@ typedef int32_t (*ondrel_getfluid_fn)(const char* directory, const char* name, c
 /* Puts the host's fluidpath and getfluid in place of the library's own for
  * every later load; NULL restores the library's own. The library calls
  * fluidpath with a buffer of 256 characters and "Ondrel", and getfluid with
- * a buffer of 255 lines of 255 characters; a returned count outside 0..255
- * is taken as 0 or 255. Call it before the first mixture call: the table is
+ * the directory and "Ondrel.Dat" each as a blank-padded text of 256
+ * characters and a buffer of 255 lines of 255 characters; a returned count
+ * outside 0..255 is taken as 0 or 255. Call it before the first mixture call: the table is
  * loaded only once. */
 void ondrel_set_host_functions(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid);
 

@@ -18,6 +18,8 @@
 namespace gasfiles {
 
 inline void write_file(const std::string& path, const std::string& text) { std::ofstream(path) << text; }
+// The text blank-padded to the 256 characters of a directory, path or name argument.
+inline std::string padded(std::string s) { return s.append(256 - s.size(), ' '); }
 
 // A line of a case table in tests/data and its comma-separated fields ("..." may hold commas).
 struct CsvRow {

@@ -9,6 +9,7 @@
 
 namespace fd = od::fluiddata;
 using gasfiles::GasTest;
+using gasfiles::padded;
 using od::CompName;
 
 namespace {
@@ -18,8 +19,6 @@ void store(std::initializer_list<std::string_view> names) {
     for (auto n : names) list.push_back(CompName::from(n));
     fd::storeidx(list);
 }
-
-std::string padded(std::string s) { return s.append(256 - s.size(), ' '); }
 
 // The table and stored composition of gas_table_queries.csv.
 class GasTable : public GasTest {

@@ -84,9 +84,11 @@ void host_fluidpath(char* buffer, const char* library, size_t buffer_len, size_t
     ftn::store(buffer, buffer_len, g_dir);
 }
 
-int32_t host_getfluid(const char*, const char* name, char* lines, int32_t* status, size_t, size_t name_len,
-                      size_t line_len) {
-    EXPECT_EQ(std::string(name, name_len) + std::to_string(line_len), "Ondrel.Dat255");
+int32_t host_getfluid(const char* directory, const char* name, char* lines, int32_t* status, size_t directory_len,
+                      size_t name_len, size_t line_len) {
+    // Texts as wide as a host routine may declare them: 256 characters blank-padded, lines of 255.
+    EXPECT_EQ(std::string(directory, directory_len) + std::string(name, name_len) + std::to_string(line_len),
+              gasfiles::padded(g_dir) + gasfiles::padded("Ondrel.Dat") + "255");
     const auto rows = db::split_lines(gasfiles::blocks(2, {"N2", "CO"}));
     for (std::size_t i = 0; i < rows.size(); ++i) std::memcpy(lines + i * line_len, rows[i].data(), rows[i].size());
     *status = 1;
