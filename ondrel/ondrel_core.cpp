@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "fluiddata/od_fluiddata.hpp"
+#include "host/ftn_text.hpp"
 #include "solver/od_solver.hpp"
 #include "solver/od_units.hpp"
 #include "thermo/od_derivative.hpp"
@@ -37,11 +38,6 @@ struct State {
 
 State& state() {
     static State s;
-    return s;
-}
-
-std::string_view trim_right(std::string_view s) {
-    while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
     return s;
 }
 
@@ -82,11 +78,14 @@ bool all_known(const Mixture& mix) {
     return true;
 }
 
-// Loads the table once, runs the composition test (count, names and
-// concentrations equal to the stored ones), checks a new mixture's names and
-// stores a new list of names.
-Composition select(const Mixture& mix) {
+// Loads the gas table on the first call, whatever else the call asks.
+void load_table() {
     if (!fluiddata::dbread()) fluiddata::readgas();
+}
+
+// Runs the composition test (count, names and concentrations equal to the
+// stored ones), checks a new mixture's names and stores a new list of names.
+Composition select(const Mixture& mix) {
     const bool names_stored = same_names(mix);
     if (names_stored && same_concentrations(mix)) return Composition::same;
     if (!all_known(mix)) return Composition::unknown;
@@ -110,6 +109,7 @@ bool as_mixture(int ncomp, std::span<const CompName> names, std::span<const doub
 bool prepare_state(std::string_view inputspec, double input1, double input2, int ncomp,
                    std::span<const CompName> names, std::span<const double> conc, Mixture& mix,
                    int& errcode) {
+    load_table();
     errcode = err_none;
     if (!as_mixture(ncomp, names, conc, mix)) {
         errcode = err_unknown_component;
@@ -169,7 +169,7 @@ double od_prop(std::string_view inputspec, double input1, double input2, int nco
     Mixture mix;
     if (!prepare_state(inputspec, input1, input2, ncomp, names, conc, mix, errcode))
         return missing_value;
-    const std::string_view wanted = trim_right(outname);
+    const std::string_view wanted = ftn::trim(outname);
     const State& s = state();
     for (const Property& prop : properties)
         if (prop.name == wanted) return prop.value(s.p, s.t, mix);
@@ -208,13 +208,14 @@ AllProps od_allprops(std::string_view inputspec, double input1, double input2, i
 
 double od_info(int ncomp, std::span<const CompName> names, std::span<const double> conc,
                std::string_view infoname, int& errcode) {
+    load_table();
     errcode = err_none;
     Mixture mix;
     if (!as_mixture(ncomp, names, conc, mix) || select(mix) == Composition::unknown) {
         errcode = err_unknown_component;
         return missing_value;
     }
-    const std::string_view wanted = trim_right(infoname);
+    const std::string_view wanted = ftn::trim(infoname);
     if (wanted == "M_mol") return mixinfo::mmol(mix);
     if (wanted == "T_min") return mixinfo::tmin(mix) - celsius_offset;
     if (wanted == "T_max") return mixinfo::tmax(mix) - celsius_offset;
@@ -223,7 +224,7 @@ double od_info(int ncomp, std::span<const CompName> names, std::span<const doubl
 }
 
 int od_compset(std::span<CompName, max_components> names) {
-    if (!fluiddata::dbread()) fluiddata::readgas();
+    load_table();
     return fluiddata::getcompset(names);
 }
 
