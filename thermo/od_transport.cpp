@@ -3,8 +3,9 @@
 // conductivity, and Wilke-type mixing rules.
 #include "thermo/od_transport.hpp"
 
-#include <array>
 #include <cmath>
+#include <span>
+#include <vector>
 
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_component.hpp"
@@ -47,7 +48,11 @@ double component_viscosity(double t, const fluiddata::TableRow* row) {
     return chapman_enskog * std::sqrt(t * m) / (omega * sigma * sigma);
 }
 
-double component_conductivity(double p, double t, const CompName& name, double eta, double m) {
+// lambda of one component: the Eucken term on eta, with cv of the component
+// evaluated alone through the saved name and concentration.
+double component_conductivity(double p, double t, const CompName& name, const fluiddata::TableRow* row) {
+    const double eta = component_viscosity(t, row);
+    const double m = component::mmol(row);
     State& st = state();
     st.name = name;
     st.conc = 1.0;
@@ -65,7 +70,7 @@ double phi(double xi, double xj, double massratio, double mi, double mj) {
 }
 
 // sum_i c_i x_i / D_i, D_i = sum_j c_j phi_ij; viscosity_rule picks the mass ratio.
-double mix_rule(const Mixture& mix, const double* x, const double* m, bool viscosity_rule) {
+double mix_rule(const Mixture& mix, std::span<const double> x, std::span<const double> m, bool viscosity_rule) {
     double total = 0.0;
     for (int i = 0; i < mix.n(); ++i) {
         if (mix.conc[i] <= negligible) continue;  // every phi_ij is 0, so D_i is 0 and the term left out
@@ -84,40 +89,38 @@ double mix_rule(const Mixture& mix, const double* x, const double* m, bool visco
     return total;
 }
 
+// The mixture value by Wilke's rule from each component's own value
+// value(name, row); components at or below the threshold take 0.
+template <class Value>
+double mixture_value(const Mixture& mix, bool viscosity_rule, Value value) {
+    // Scratch sized by the mixture, whatever its length.
+    std::vector<double> x(static_cast<std::size_t>(mix.n())), m(x.size());
+    for (int i = 0; i < mix.n(); ++i) {
+        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
+        m[i] = component::mmol(row);
+        x[i] = mix.conc[i] <= negligible ? 0.0 : value(mix.names[i], row);
+    }
+    return mix_rule(mix, x, m, viscosity_rule);
+}
+
 }  // namespace
 
 double viscosity(double t, const CompName& name) { return component_viscosity(t, component::row_of(name)); }
 
 double thermcond(double p, double t, const CompName& name) {
-    const fluiddata::TableRow* row = component::row_of(name);
-    return component_conductivity(p, t, name, component_viscosity(t, row), component::mmol(row));
+    return component_conductivity(p, t, name, component::row_of(name));
 }
 
 double eta_t(double t, const Mixture& mix) {
-    if (mix.n() > max_components) return missing_value;
-    std::array<double, max_components> eta;
-    std::array<double, max_components> m;
-    for (int i = 0; i < mix.n(); ++i) {
-        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
-        m[i] = component::mmol(row);
-        eta[i] = mix.conc[i] <= negligible ? 0.0 : component_viscosity(t, row);
-    }
-    return mix_rule(mix, eta.data(), m.data(), true);
+    return mixture_value(mix, true, [t](const CompName&, const fluiddata::TableRow* row) {
+        return component_viscosity(t, row);
+    });
 }
 
 double lambda_pt(double p, double t, const Mixture& mix) {
-    if (mix.n() > max_components) return missing_value;
-    std::array<double, max_components> lambda;
-    std::array<double, max_components> m;
-    for (int i = 0; i < mix.n(); ++i) {
-        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
-        m[i] = component::mmol(row);
-        lambda[i] = 0.0;
-        if (mix.conc[i] <= negligible) continue;
-        const double eta = component_viscosity(t, row);
-        lambda[i] = component_conductivity(p, t, mix.names[i], eta, m[i]);
-    }
-    return mix_rule(mix, lambda.data(), m.data(), false);
+    return mixture_value(mix, false, [p, t](const CompName& name, const fluiddata::TableRow* row) {
+        return component_conductivity(p, t, name, row);
+    });
 }
 
 void reset_for_tests() { state() = State{}; }

@@ -73,6 +73,17 @@ TEST_P(AirReference, DryAirIsCloseToHandbookValues) {
 
 INSTANTIATE_TEST_SUITE_P(Table, AirReference, ::testing::ValuesIn(table("air_reference.csv")), row_name);
 
+using Transport = LoadedTable;
+
+TEST_F(Transport, MixturesLongerThanTheGasTableAreStillMixed) {
+    std::string n2_times_300;
+    for (int i = 0; i < 300; ++i) n2_times_300 += "N2=0.0033333333333333335 ";
+    const TestMix m(n2_times_300);
+    const double eta = tr::viscosity(500.0, m.names[0]), lambda = tr::thermcond(1e5, 500.0, m.names[0]);
+    EXPECT_NEAR(tr::eta_t(500.0, m.mix()), eta, 1e-13 * eta);  // every phi is 1 and the fractions sum to 1
+    EXPECT_NEAR(tr::lambda_pt(1e5, 500.0, m.mix()), lambda, 1e-13 * lambda);
+}
+
 TEST_F(TestGas, MasslessComponentDropsOutOfTheTransportMixture) {
     const TestMix m("N2=0.5 ZM=0.5");
     const od::Mixture mix = m.mix();
