@@ -83,16 +83,16 @@ double solve_i2(G&& g, double& a, double& b, double r, double eps, bool strict_e
         b = k.b;
         return (a + b) * 0.5;
     }
-    // Not bracketed: secant steps from the two starting values.
+    // Not bracketed: secant steps from the two starting values; every step
+    // evaluates g at its first point afresh (the trial of the step before).
     double x = a;
     for (int step = 1; step <= max_steps; ++step) {
+        fa = g(a);
         x = a + (b - a) * fa / (fa - fb);
-        const double fx = g(x);
-        if (std::fabs(fx) < r) return x;
+        if (std::fabs(g(x)) < r) return x;
         b = a;
         fb = fa;
         a = x;
-        fa = fx;
     }
     return x;
 }

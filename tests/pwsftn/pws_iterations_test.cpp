@@ -69,6 +69,9 @@ TEST_F(PwsIterations, RunOutAfterFortyStepsWithOrWithoutAWarning) {
     a = 0.0, b = 1.0, evaluations = 0;
     EXPECT_NEAR(pws::pws_i2(step, 0.0, 0.0, a, b, 1e-30), 0.3, 1e-6);  // quietly: the midpoint
     EXPECT_EQ(evaluations, 82);
+    a = 0.5, b = 1.0, evaluations = 0;  // one side: secant steps evaluate their first point afresh
+    pws::pws_i2(step, 0.0, 0.0, a, b, 1e-30);
+    EXPECT_EQ(evaluations, 82);
     double xa = -10.0, xb = 10.0, ya = 0.0, yb = 1.0;
     evaluations = 0;
     // Inner: x + y = 1; outer: the step in x, which no y brings to zero.
