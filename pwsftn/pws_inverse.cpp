@@ -633,6 +633,32 @@ double mixed_entropy(double t, double x) {
 
 double inner_eps(double eps) { return std::min(eps, entry_eps) * inner_eps_factor; }
 
+// The property of the state (p, v) placed by pwsrpv, and of the state (t, s)
+// placed by pwsrts, quietly and with the inner tolerance.
+template <Prop Q>
+double on_isobar(double p, double v, double eps) {
+    double a = p, b = v;
+    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
+    return state_value<Q>(ireg, a, b);
+}
+template <Prop Q>
+double on_isentrope(double t, double s, double eps) {
+    double a = s, b = t;
+    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
+    return state_value<Q>(ireg, a, b);
+}
+
+// A routine of the pair (t, z): the isotherm search reads (z, t); arguments
+// not placed are handed back as they came.
+template <Prop Q>
+std::int32_t from_isotherm(std::string_view name, std::int32_t code, OffLine off,
+                           std::string_view z_label, double& a, double& b, double eps) {
+    std::swap(a, b);
+    const std::int32_t ireg = invert_isotherm<Q>(name, code, off, z_label, a, b, eps);
+    if (ireg == ireg_not_placed) std::swap(a, b);
+    return ireg;
+}
+
 
 }  // namespace
 
@@ -715,33 +741,16 @@ std::int32_t pwsrpx(double& a, double& b, double eps) {
 }
 
 std::int32_t pwsrtv(double& a, double& b, double eps) {
-    // Arguments arrive as (t, v); the isotherm search reads (z, t).
-    std::swap(a, b);
-    const std::int32_t ireg =
-        invert_isotherm<Prop::v>(name_pwsrtv, code_tv, OffLine::report, label_x, a, b, eps);
-    if (ireg == ireg_not_placed) std::swap(a, b);
-    return ireg;
+    return from_isotherm<Prop::v>(name_pwsrtv, code_tv, OffLine::report, label_x, a, b, eps);
 }
 std::int32_t pwsrth(double& a, double& b, double eps) {
-    std::swap(a, b);
-    const std::int32_t ireg = invert_isotherm<Prop::h>(name_pwsrth, code_th,
-                                                       OffLine::subregion_can_not, label_h, a, b, eps);
-    if (ireg == ireg_not_placed) std::swap(a, b);
-    return ireg;
+    return from_isotherm<Prop::h>(name_pwsrth, code_th, OffLine::subregion_can_not, label_h, a, b, eps);
 }
 std::int32_t pwsrtu(double& a, double& b, double eps) {
-    std::swap(a, b);
-    const std::int32_t ireg = invert_isotherm<Prop::u>(name_pwsrtu, code_t,
-                                                       OffLine::subregion_cannot, label_u, a, b, eps);
-    if (ireg == ireg_not_placed) std::swap(a, b);
-    return ireg;
+    return from_isotherm<Prop::u>(name_pwsrtu, code_t, OffLine::subregion_cannot, label_u, a, b, eps);
 }
 std::int32_t pwsrts(double& a, double& b, double eps) {
-    std::swap(a, b);
-    const std::int32_t ireg =
-        invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps);
-    if (ireg == ireg_not_placed) std::swap(a, b);
-    return ireg;
+    return from_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps);
 }
 
 std::int32_t pwsrtx(double& a, double& b, double eps) {
@@ -801,30 +810,10 @@ std::int32_t pwsrvu(double& a, double& b, double eps) { return invert_isochore(p
 // clamp a probe outside the range silently: an outer iteration tries states
 // at the ends of its bracket, and only the state it settles on is reported
 // (by the final call of the public routine).
-double pws_hp(double p, double v, double eps) {
-    double a = p, b = v;
-    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
-    return state_value<Prop::h>(ireg, a, b);
-}
-double pws_sp(double p, double v, double eps) {
-    double a = p, b = v;
-    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
-    return state_value<Prop::s>(ireg, a, b);
-}
-double pws_up(double p, double v, double eps) {
-    double a = p, b = v;
-    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
-    return state_value<Prop::u>(ireg, a, b);
-}
-double pws_ht(double t, double s, double eps) {
-    double a = s, b = t;
-    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
-    return state_value<Prop::h>(ireg, a, b);
-}
-double pws_ut(double t, double s, double eps) {
-    double a = s, b = t;
-    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
-    return state_value<Prop::u>(ireg, a, b);
-}
+double pws_hp(double p, double v, double eps) { return on_isobar<Prop::h>(p, v, eps); }
+double pws_sp(double p, double v, double eps) { return on_isobar<Prop::s>(p, v, eps); }
+double pws_up(double p, double v, double eps) { return on_isobar<Prop::u>(p, v, eps); }
+double pws_ht(double t, double s, double eps) { return on_isentrope<Prop::h>(t, s, eps); }
+double pws_ut(double t, double s, double eps) { return on_isentrope<Prop::u>(t, s, eps); }
 
 }  // namespace pws

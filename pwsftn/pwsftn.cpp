@@ -115,6 +115,26 @@ double volume(State& st) {
     return st.v;
 }
 
+// Volume, enthalpy or entropy by region, from the routines of sub-region 1,
+// region 2 and region 3 (the region-3 volume is the first value itself).
+struct ByRegion {
+    Func2 r1, r2, r3;
+};
+constexpr ByRegion volume_fns{pws_c1, pws_c2, [](double v, double) { return v; }};
+constexpr ByRegion enthalpy_fns{pws_d1, pws_d2, pws_d3};
+constexpr ByRegion entropy_fns{pws_e1, pws_e2, pws_e3};
+
+double by_region(const ByRegion& fn, const State& st) {
+    const double f = st.f, t = st.t;
+    switch (st.ireg) {
+    case 1: return fn.r1(f, t);
+    case 2: return fn.r2(f, t);
+    case 5: return mix(fn.r3(st.sat.liquid, t), fn.r3(st.sat.vapour, t), f);
+    case 6: return mix(fn.r1(st.ps, t), fn.r2(st.ps, t), f);
+    default: return fn.r3(f, t);
+    }
+}
+
 // Value of one legal key, by region.
 double evaluate(Key key, State& st) {
     const double f = st.f, t = st.t;
@@ -125,30 +145,9 @@ double evaluate(Key key, State& st) {
         if (ireg <= 2) return f;
         return wet ? st.ps : pws_a3(f, t);
     case Key::t: return t;
-    case Key::v:
-        switch (ireg) {
-        case 1: return pws_c1(f, t);
-        case 2: return pws_c2(f, t);
-        case 5: return mix(st.sat.liquid, st.sat.vapour, f);
-        case 6: return mix(pws_c1(st.ps, t), pws_c2(st.ps, t), f);
-        default: return f;
-        }
-    case Key::h:
-        switch (ireg) {
-        case 1: return pws_d1(f, t);
-        case 2: return pws_d2(f, t);
-        case 5: return mix(pws_d3(st.sat.liquid, t), pws_d3(st.sat.vapour, t), f);
-        case 6: return mix(pws_d1(st.ps, t), pws_d2(st.ps, t), f);
-        default: return pws_d3(f, t);
-        }
-    case Key::s:
-        switch (ireg) {
-        case 1: return pws_e1(f, t);
-        case 2: return pws_e2(f, t);
-        case 5: return mix(pws_e3(st.sat.liquid, t), pws_e3(st.sat.vapour, t), f);
-        case 6: return mix(pws_e1(st.ps, t), pws_e2(st.ps, t), f);
-        default: return pws_e3(f, t);
-        }
+    case Key::v: return by_region(volume_fns, st);
+    case Key::h: return by_region(enthalpy_fns, st);
+    case Key::s: return by_region(entropy_fns, st);
     case Key::x:
         if (wet) return f;
         // Intended: 0 for the liquid regions and 1 for the vapour regions, whatever the state.
