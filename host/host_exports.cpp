@@ -62,7 +62,7 @@ int32_t getfluid_(const char* directory, const char* name, char* lines, int32_t*
     return static_cast<int32_t>(n);
 }
 
-void ondrel_set_host_functions(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid) {
+void ondrel_set_host_functions_(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid) {
     od::host::FluidpathHook path_hook;
     od::host::GetfluidHook fluid_hook;
     if (fluidpath != nullptr)

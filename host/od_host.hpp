@@ -2,7 +2,7 @@
 // `fluidpath`, the directory of a library's data files, and `getfluid`, a
 // stored text record of the host's fluid database. Built-in versions serve
 // a stand-alone installation; a host puts its own in place with set_hooks
-// (from C: ondrel_set_host_functions) without rebuilding the library.
+// (exported: ondrel_set_host_functions_) without rebuilding the library.
 #pragma once
 #include <cstddef>
 #include <functional>

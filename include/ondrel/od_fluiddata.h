@@ -101,8 +101,9 @@ typedef int32_t (*ondrel_getfluid_fn)(const char* directory, const char* name, c
  * the directory and "Ondrel.Dat" each as a blank-padded text of 256
  * characters and a buffer of 255 lines of 255 characters; a returned count
  * outside 0..255 is taken as 0 or 255. Call it before the first mixture call: the table is
- * loaded only once. */
-void ondrel_set_host_functions(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid);
+ * loaded only once. A Fortran host passes its two external procedures:
+ * call ondrel_set_host_functions(my_fluidpath, my_getfluid). */
+void ondrel_set_host_functions_(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid);
 
 #ifdef __cplusplus
 }

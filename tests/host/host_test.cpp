@@ -98,7 +98,7 @@ int32_t host_getfluid(const char* directory, const char* name, char* lines, int3
 TEST_F(Host, RegisteredHostFunctionsServeTheLoaderUntilNullRestoresTheBuiltInOnes) {
     g_dir = dir();
     gasfiles::write_file(file("Ondrel.Dat"), gasfiles::blocks(1, {"N2"}));
-    ondrel_set_host_functions(host_fluidpath, host_getfluid);
+    ondrel_set_host_functions_(host_fluidpath, host_getfluid);
     env("ONDREL_GAS_SOURCE", "database");
     for (const auto& [count, rows] : std::vector<std::pair<int32_t, int>>{{9, 2}, {100000, 63}, {-5, 0}}) {
         g_count = count;
@@ -111,7 +111,7 @@ TEST_F(Host, RegisteredHostFunctionsServeTheLoaderUntilNullRestoresTheBuiltInOne
     od::fluiddata::reset_for_tests();
     EXPECT_EQ(iscomp_("CO", 2), 0);  // the file in the host's blank-padded directory has N2 only
     EXPECT_EQ(iscomp_("N2", 2), 1);
-    ondrel_set_host_functions(nullptr, nullptr);
+    ondrel_set_host_functions_(nullptr, nullptr);
     env("ONDREL_FLUIDPATH", "/elsewhere");
     EXPECT_EQ(host::fluidpath("Ondrel"), "/elsewhere/");
     EXPECT_EQ(host::getfluid(dir(), "Ondrel.Dat").status, 0);
