@@ -1,6 +1,7 @@
 // Host calling convention of the error reporting, saturation line, region
 // equations and iterations of the water-and-steam package.
 #include <cstddef>
+#include <limits>
 #include <type_traits>
 
 #include "host/ftn_text.hpp"
@@ -45,6 +46,20 @@ double call2(double a, double b) {
 
 double call3(double a, double b, double c) { return host().f3(&a, &b, &c); }
 
+// A null argument places no state: the routine returns a quiet NaN.
+constexpr double no_value = std::numeric_limits<double>::quiet_NaN();
+
+double call(double (*f)(double), const double* x) { return x != nullptr ? f(*x) : no_value; }
+
+double call(pws::Func2 f, const double* x, const double* y) {
+    return x != nullptr && y != nullptr ? f(*x, *y) : no_value;
+}
+
+template <typename... P>
+bool all_given(const P*... args) {
+    return ((args != nullptr) && ...);
+}
+
 template <typename T>
 class SlotGuard {
 public:
@@ -64,7 +79,10 @@ extern "C" {
 
 void pwser_(const char* name, const int32_t* icode, const double* x1, const double* x2,
             size_t name_len) {
-    pws::pwser(ftn::trimmed(name, name_len), *icode, *x1, *x2);
+    if (icode == nullptr) return;
+    // x2 is only shown for a two-quantity code; a caller may leave it out.
+    pws::pwser(ftn::trimmed(name, name_len), *icode, x1 != nullptr ? *x1 : no_value,
+               x2 != nullptr ? *x2 : no_value);
 }
 
 void pws_set_channel13_file_(const char* path, int32_t* ierr, size_t path_len) {
@@ -76,54 +94,65 @@ void pws_set_channel13_callback_(pws_line_callback callback) { pws::set_channel1
 
 void pws_set_channel13_stderr_(void) { pws::set_channel13_stderr(); }
 
-double pws_pt_(const double* t) { return pws::pws_pt(*t); }
-double psl1_(const double* t) { return pws::psl1(*t); }
+double pws_pt_(const double* t) { return call(pws::pws_pt, t); }
+double psl1_(const double* t) { return call(pws::psl1, t); }
 double psl1_slope_(void) { return pws::psl1_slope(); }
-double pws_tp_(const double* p) { return pws::pws_tp(*p); }
-void comt1_(const double* p, const double* t) { pws::comt1(*p, *t); }
-void comt2_(const double* p, const double* t) { pws::comt2(*p, *t); }
-void comt3_(const double* v, const double* t) { pws::comt3(*v, *t); }
+double pws_tp_(const double* p) { return call(pws::pws_tp, p); }
+void comt1_(const double* p, const double* t) {
+    if (all_given(p, t)) pws::comt1(*p, *t);
+}
+void comt2_(const double* p, const double* t) {
+    if (all_given(p, t)) pws::comt2(*p, *t);
+}
+void comt3_(const double* v, const double* t) {
+    if (all_given(v, t)) pws::comt3(*v, *t);
+}
 
-double pws_c1_(const double* p, const double* t) { return pws::pws_c1(*p, *t); }
-double pws_c2_(const double* p, const double* t) { return pws::pws_c2(*p, *t); }
-double pws_d1_(const double* p, const double* t) { return pws::pws_d1(*p, *t); }
-double pws_d2_(const double* p, const double* t) { return pws::pws_d2(*p, *t); }
-double pws_d3_(const double* v, const double* t) { return pws::pws_d3(*v, *t); }
-double pws_e1_(const double* p, const double* t) { return pws::pws_e1(*p, *t); }
-double pws_e2_(const double* p, const double* t) { return pws::pws_e2(*p, *t); }
-double pws_e3_(const double* v, const double* t) { return pws::pws_e3(*v, *t); }
-double pws_f1_(const double* p, const double* t) { return pws::pws_f1(*p, *t); }
-double pws_f2_(const double* p, const double* t) { return pws::pws_f2(*p, *t); }
-double pws_f3_(const double* v, const double* t) { return pws::pws_f3(*v, *t); }
-double pws_h1_(const double* p, const double* t) { return pws::pws_h1(*p, *t); }
-double pws_h2_(const double* p, const double* t) { return pws::pws_h2(*p, *t); }
-double pws_h3_(const double* v, const double* t) { return pws::pws_h3(*v, *t); }
-double pws_a3_(const double* v, const double* t) { return pws::pws_a3(*v, *t); }
-double pws_ci_(const double* v, const double* t) { return pws::pws_ci(*v, *t); }
-double pws_cj_(const double* v, const double* t) { return pws::pws_cj(*v, *t); }
+double pws_c1_(const double* p, const double* t) { return call(pws::pws_c1, p, t); }
+double pws_c2_(const double* p, const double* t) { return call(pws::pws_c2, p, t); }
+double pws_d1_(const double* p, const double* t) { return call(pws::pws_d1, p, t); }
+double pws_d2_(const double* p, const double* t) { return call(pws::pws_d2, p, t); }
+double pws_d3_(const double* v, const double* t) { return call(pws::pws_d3, v, t); }
+double pws_e1_(const double* p, const double* t) { return call(pws::pws_e1, p, t); }
+double pws_e2_(const double* p, const double* t) { return call(pws::pws_e2, p, t); }
+double pws_e3_(const double* v, const double* t) { return call(pws::pws_e3, v, t); }
+double pws_f1_(const double* p, const double* t) { return call(pws::pws_f1, p, t); }
+double pws_f2_(const double* p, const double* t) { return call(pws::pws_f2, p, t); }
+double pws_f3_(const double* v, const double* t) { return call(pws::pws_f3, v, t); }
+double pws_h1_(const double* p, const double* t) { return call(pws::pws_h1, p, t); }
+double pws_h2_(const double* p, const double* t) { return call(pws::pws_h2, p, t); }
+double pws_h3_(const double* v, const double* t) { return call(pws::pws_h3, v, t); }
+double pws_a3_(const double* v, const double* t) { return call(pws::pws_a3, v, t); }
+double pws_ci_(const double* v, const double* t) { return call(pws::pws_ci, v, t); }
+double pws_cj_(const double* v, const double* t) { return call(pws::pws_cj, v, t); }
 
 double pws_i1_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps) {
+    if (f == nullptr || !all_given(fixed, target, a, b, eps)) return no_value;
     SlotGuard<pws_func2> guard(host().f2[0], f);
     return pws::pws_i1(call2<0>, *fixed, *target, *a, *b, *eps);
 }
 
 double pws_i2_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps) {
+    if (f == nullptr || !all_given(fixed, target, a, b, eps)) return no_value;
     SlotGuard<pws_func2> guard(host().f2[0], f);
     return pws::pws_i2(call2<0>, *fixed, *target, *a, *b, *eps);
 }
 
 double pws_i3_(pws_func3 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps) {
+    if (f == nullptr || !all_given(fixed, target, a, b, eps)) return no_value;
     SlotGuard<pws_func3> guard(host().f3, f);
     return pws::pws_i3(call3, *fixed, *target, *a, *b, *eps);
 }
 
-double pws_it_(const double* p) { return pws::pws_it(*p); }
+double pws_it_(const double* p) { return call(pws::pws_it, p); }
 
 void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* target2,
              double* xa, double* xb, double* ya, double* yb, const double* eps) {
+    if (f1 == nullptr || f2 == nullptr || !all_given(target1, target2, xa, xb, ya, yb, eps))
+        return;
     SlotGuard<pws_func2> guard1(host().f2[1], f1);
     SlotGuard<pws_func2> guard2(host().f2[2], f2);
     pws::pws_id(call2<1>, *target1, call2<2>, *target2, *xa, *xb, *ya, *yb, *eps);

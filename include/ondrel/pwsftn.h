@@ -16,6 +16,11 @@
  * the value computed from the equation is returned all the same. Once nerr
  * passes maxerr the process is stopped (exit status 0) after two summary lines.
  *
+ * Null pointers (error reporting to iterations below): a function with a
+ * null argument, value or procedure, returns a quiet NaN and a subroutine
+ * does nothing; pwser_ prints a null x1 or x2 as NaN and ignores a call
+ * without icode.
+ *
  * Channels: 6 is standard output. 13 is the host's channel: standard error
  * unless set with pws_set_channel13_file_ or pws_set_channel13_callback_.
  * 0 is standard error; any other number writes to the host's channel.
@@ -52,10 +57,12 @@ typedef struct pwserr_record {
 extern pwserr_record pwserr_;
 
 /* Counts one error and writes " *** PWSFTN-ERROR: <text><label><value>[<label><value>] ***".
- * name: reporting routine (not printed); icode > 0 "Out of range", < 0
- * "Non converg."; |icode| = 10 a + b: a = 0 label b with x1, otherwise label
- * a with x1 and label b with x2; labels 1 ", P=" 2 ", T=" 3 ", H=" 4 ", V="
- * 5 ", S="; values in Fortran 1PE16.8. */
+ * name: reporting routine (not printed; its length follows as name_len);
+ * icode > 0 "Out of range", < 0 "Non converg."; |icode| = 10 a + b: a = 0
+ * label b with x1 (x2 not used), otherwise label a with x1 and label b with
+ * x2; labels 1 ", P=" 2 ", T=" 3 ", H=" 4 ", V=" 5 ", S=" (a digit without a
+ * label, e.g. of code 0, shows ", ?="); values in Fortran 1PE16.8 in the
+ * units of their quantity (bar, C, kJ/kg, m3/kg, kJ/(kg K)). */
 void pwser_(const char* name, const int32_t* icode, const double* x1, const double* x2,
             size_t name_len);
 

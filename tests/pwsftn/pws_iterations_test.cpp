@@ -2,6 +2,7 @@
 #include <chrono>
 #include <limits>
 
+#include "ondrel/pwsftn.h"
 #include "pws_support.hpp"
 
 namespace {
@@ -113,6 +114,21 @@ TEST_F(PwsIterations, AbsurdInputsNeitherCrashNorHang) {
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     EXPECT_GT(errors(), 0);
+}
+
+TEST_F(PwsIterations, ExportsTakeNullPointersWithoutCrashing) {
+    double t = 20.0, a = 0.001, b = 0.002, eps = 1e-8;
+    const std::int32_t code = 2;
+    EXPECT_TRUE(std::isnan(pws_pt_(nullptr)));
+    EXPECT_TRUE(std::isnan(pws_c1_(&t, nullptr)));
+    EXPECT_TRUE(std::isnan(pws_i2_(nullptr, &t, &t, &a, &b, &eps)));
+    EXPECT_TRUE(std::isnan(pws_i1_(pws_d2_, &t, &t, &a, nullptr, &eps)));
+    comt3_(nullptr, &t);
+    pws_id_(pws_e2_, &t, pws_d2_, nullptr, &a, &b, &a, &b, &eps);
+    pwser_("X", nullptr, &t, &t, 1);
+    pwser_("X", &code, &t, nullptr, 1);  // one quantity: x2 is not needed
+    EXPECT_EQ(written(), (std::vector<std::string>{"6| *** PWSFTN-ERROR: Out of range, T=  2.00000000E+01 ***"}));
+    EXPECT_EQ(errors(), 1);
 }
 
 }  // namespace
