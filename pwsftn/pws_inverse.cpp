@@ -126,27 +126,20 @@ void report_subregion(std::string_view text, std::string_view l1, double x1, std
 
 enum class Prop { v, h, s, u };
 
+double volume3(double v, double /*t*/) { return v; }
+
+// Volume, enthalpy, entropy and internal energy of sub-region 1, region 2
+// (at p, t) and region 3 (at v, t).
+constexpr std::array<std::array<Func2, 3>, 4> region_fns{{{pws_c1, pws_c2, volume3},
+                                                         {pws_d1, pws_d2, pws_d3},
+                                                         {pws_e1, pws_e2, pws_e3},
+                                                         {pws_f1, pws_f2, pws_f3}}};
 template <Prop Q>
-double z1(double p, double t) {
-    if constexpr (Q == Prop::v) return pws_c1(p, t);
-    if constexpr (Q == Prop::h) return pws_d1(p, t);
-    if constexpr (Q == Prop::s) return pws_e1(p, t);
-    if constexpr (Q == Prop::u) return pws_f1(p, t);
-}
+constexpr Func2 z1 = region_fns[static_cast<std::size_t>(Q)][0];
 template <Prop Q>
-double z2(double p, double t) {
-    if constexpr (Q == Prop::v) return pws_c2(p, t);
-    if constexpr (Q == Prop::h) return pws_d2(p, t);
-    if constexpr (Q == Prop::s) return pws_e2(p, t);
-    if constexpr (Q == Prop::u) return pws_f2(p, t);
-}
+constexpr Func2 z2 = region_fns[static_cast<std::size_t>(Q)][1];
 template <Prop Q>
-double z3(double v, double t) {
-    if constexpr (Q == Prop::v) return v;
-    if constexpr (Q == Prop::h) return pws_d3(v, t);
-    if constexpr (Q == Prop::s) return pws_e3(v, t);
-    if constexpr (Q == Prop::u) return pws_f3(v, t);
-}
+constexpr Func2 z3 = region_fns[static_cast<std::size_t>(Q)][2];
 
 // The property of a placed state (IREG, a, b); NaN for a state not placed.
 template <Prop Q>
