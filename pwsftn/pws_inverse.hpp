@@ -16,8 +16,12 @@
 //   reports it as an illegal region); a and b are then left as they were
 //   unless the routine says otherwise. A NaN or infinite input value is such a
 //   state: the result is 0.
-// States outside the range of the formulation are reported through pwser and
-// the routine goes on with the nearest state inside the range.
+// pwsrpt places a state as it is given (the common terms report one out of
+// range). The other routines report an input outside the range of the
+// formulation through pwser and go on with the nearest state inside it:
+// codes 13 (P, H) pwsrph, 15 (P, S) pwsrps, 1 (P) pwsrpu, 14 (P, V) pwsrpv
+// and the outer routines of the isochore, 24 (T, V) pwsrtv, 23 (T, H) pwsrth,
+// 2 (T) pwsrtu, 25 (T, S) pwsrts, 35 (H, S) pwsrhs.
 #pragma once
 #include <cstdint>
 

@@ -154,8 +154,17 @@ void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* ta
  *     IREG 6  wet, up to 350 C                       *a = dryness,  *b = temperature
  *   Any other result: the state could not be placed (a NaN or infinite
  *   input, or a null pointer, gives 0; pwsrtx_ gives 7 above 374.15 C).
- *   States outside the formulation's range are reported through pwser_ and
- *   the nearest state inside the range is returned.
+ *   pwsrpt_ places the state as given (the common terms report it when it
+ *   is out of range). The other routines report an input outside the range
+ *   through pwser_ and return the nearest state inside it; error codes
+ *   (labels in order): 13 (P, H) pwsrph_, 15 (P, S) pwsrps_, 1 (P) pwsrpu_,
+ *   14 (P, V) pwsrpv_ and the final state of pwsrvh_, pwsrvs_, pwsrvu_,
+ *   24 (T, V) pwsrtv_, 23 (T, H) pwsrth_, 2 (T) pwsrtu_, 25 (T, S) pwsrts_,
+ *   35 (H, S) pwsrhs_. Lines that are not counted, on channel pwserr_.iunit:
+ *   " SUB-REGION CAN NOT BE CALCULATED IN THIS STATE T= ... H= ..." (pwsrth_),
+ *   " SUB-REGION CANNOT BE CALCULATED IN THIS STATE" with T=, U= (pwsrtu_)
+ *   or U=, S= (pwsrus_), " POINT IS NOT IN WET-REGION  S= ... X= ..." and
+ *   " POINT IS BELOW CRITICAL POINT  S= ..." (pwsrsx_); these return 0.
  * Fortran: INTEGER PWSRPH; EXTERNAL PWSRPH; IREG = PWSRPH(A, B, EPS). */
 typedef int32_t (*pws_inverse_routine)(double* a, double* b, const double* eps);
 
@@ -179,7 +188,9 @@ int32_t pwsrvs_(double* a, double* b, const double* eps); /* V, S */
 int32_t pwsrvu_(double* a, double* b, const double* eps); /* V, U */
 
 /* One property of the state found by an inner inverse routine, at a varied
- * first quantity and a fixed second one; *eps goes to the inner routine.
+ * first quantity and a fixed second one. The inner routine runs with the
+ * tolerance min(*eps, 1.0E-8) * 1.0E-4 and writes no range reports (an input
+ * out of range is taken at the nearest state inside it).
  * pws_hp_, pws_sp_, pws_up_: enthalpy kJ/kg, entropy kJ/(kg K), internal
  * energy kJ/kg of the state (p bar, v m3/kg) by pwsrpv_; pws_ht_, pws_ut_:
  * enthalpy, internal energy of the state (t C, s kJ/(kg K)) by pwsrts_. */
