@@ -26,7 +26,9 @@ int32_t iscomp_(const char* name, size_t name_len) { return fd::iscomp(name_of(n
 int32_t getidx_(const char* name, size_t name_len) { return fd::getidx(name_of(name, name_len)); }
 
 void storeidx_(const int32_t* n, const char* names, size_t names_len) {
-    const int count = (n == nullptr || names == nullptr) ? 0 : std::clamp<int32_t>(*n, 0, od::max_components);
+    if (n == nullptr) return;  // no count: the stored composition stays as it is
+    const int count = std::clamp<int32_t>(*n, 0, od::max_components);
+    if (count > 0 && names == nullptr) return;
     std::vector<od::CompName> list;
     list.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) list.push_back(name_of(names + static_cast<std::size_t>(i) * names_len, names_len));

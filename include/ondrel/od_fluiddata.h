@@ -29,7 +29,8 @@ int32_t getidx_(const char* name, size_t name_len);
 
 /* Stores a mixture: n names of width names_len each, laid out one after the
  * other, and their gas table rows; also finds the rows of "H2O" and "H2O(L)".
- * n below 0 stores no names; names past the 250th are ignored. */
+ * n below 0 stores no names; names past the 250th are ignored. A NULL n, or
+ * NULL names with n above 0, leaves the stored mixture unchanged. */
 void storeidx_(const int32_t* n, const char* names, size_t names_len);
 
 /* Gas table row of a stored component, or of "H2O" / "H2O(L)"; -8888 when

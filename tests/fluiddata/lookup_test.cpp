@@ -107,10 +107,12 @@ TEST_F(GasTable, WaterRowsKeepTheirFormerValueWhenTheTableHasNoneAndGiveTheSenti
 TEST_F(GasTable, ExportsReadTextsAndCountsSafelyAndFillTheCallersBuffers) {
     EXPECT_EQ(iscomp_("N2\0junk", 7), 1);  // a NUL ends a C caller's text
     EXPECT_EQ(iscomp_(nullptr, 0), 0);
-    int32_t n = -3;
+    int32_t n = 2;
+    storeidx_(nullptr, "N2", 2);  // a missing argument changes nothing
+    storeidx_(&n, nullptr, 0);
+    EXPECT_EQ(fd::stored_count(), 4);
+    n = -3;
     storeidx_(&n, "N2", 2);
-    EXPECT_EQ(fd::stored_count(), 0);
-    storeidx_(nullptr, nullptr, 0);
     EXPECT_EQ(fd::stored_count(), 0);
     char phase[3] = {'?', '?', '?'};
     getphase_(phase, 3, "SIO2(S)", 7);
