@@ -1,5 +1,6 @@
 // The ideal-gas mixture functions in the host calling convention: C linkage,
 // every argument by reference, hidden text lengths last.
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -29,16 +30,18 @@ char code_of(const char* text, std::size_t len) {
 // Concentrations of the functions that take names only.
 constexpr std::array<double, od::max_components> no_conc{};
 
-// The caller's mixture as names and a view; nullopt for a count outside
-// 0..250 or missing lists.
+// The caller's mixture as names and a view; nullopt for a missing count, a
+// count above 250 or missing lists. A count below 1 is the empty mixture.
 class MixtureArgs {
 public:
     MixtureArgs(const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
-        if (n == nullptr || *n < 0 || *n > od::max_components) return;
-        if (*n > 0 && (names == nullptr || conc == nullptr)) return;
-        for (std::int32_t i = 0; i < *n; ++i) names_[i] = name_of(names + static_cast<std::size_t>(i) * len, len);
-        mix_ = Mixture{std::span<const CompName>(names_.data(), static_cast<std::size_t>(*n)),
-                       std::span<const double>(conc, static_cast<std::size_t>(*n))};
+        if (n == nullptr || *n > od::max_components) return;
+        // Intended: a negative count is an empty mixture, as a count of 0.
+        const std::int32_t k = std::max<std::int32_t>(*n, 0);
+        if (k > 0 && (names == nullptr || conc == nullptr)) return;
+        for (std::int32_t i = 0; i < k; ++i) names_[i] = name_of(names + static_cast<std::size_t>(i) * len, len);
+        mix_ = Mixture{std::span<const CompName>(names_.data(), static_cast<std::size_t>(k)),
+                       std::span<const double>(conc, static_cast<std::size_t>(k))};
     }
     const std::optional<Mixture>& mix() const { return mix_; }
 

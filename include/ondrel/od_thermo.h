@@ -10,7 +10,8 @@
  * R = 8.3143 J/(mol K) as stated below.
  *
  * A mixture is passed as
- *   n      number of components, 0..250
+ *   n      number of components, 0..250; a count below 1 is the empty
+ *          mixture (no component is read)
  *   names  n component names of the caller's width, one after the other
  *   conc   n mole fractions (used as given, never normalised)
  *   len    hidden: the width of one name
@@ -19,9 +20,9 @@
  * a name outside it enters the arithmetic with the table's missing-value
  * answer. "H2O(IF)" is water that may condense (IAPWS-IF97).
  *
- * Errors: a mixture routine given n < 0, n > 250 or a null name or
- * concentration list returns -8888.8 (the missing-value marker) and changes
- * no state. Non-finite or non-positive p and t are evaluated without checks:
+ * Errors: a mixture routine given n > 250, a null n, or (for n > 0) a null
+ * name or concentration list returns -8888.8 (the missing-value marker) and
+ * changes no state. Non-finite or non-positive p and t are evaluated without checks:
  * the result is then NaN or infinite (never a crash), except where a guard
  * below gives 0.0.
  */
@@ -55,11 +56,11 @@ int32_t isinit_(const double* x);
 int32_t isnotinit_(const double* x);
 
 /* --- mixture information ----------------------------------------------- */
-/* Highest lower temperature limit of the components, K; 0.0 when n = 0. */
+/* Highest lower temperature limit of the components, K; 0.0 when n < 1. */
 double tmin_(const int32_t* n, const char* names, size_t names_len);
-/* Lowest upper temperature limit, K; 1e10 when n = 0. */
+/* Lowest upper temperature limit, K; 1e10 when n < 1. */
 double tmax_(const int32_t* n, const char* names, size_t names_len);
-/* Sum of conc * molar mass, kg/mol; 0.0 when n = 0. */
+/* Sum of conc * molar mass, kg/mol; 0.0 when n < 1. */
 double mmol_(const int32_t* n, const char* names, const double* conc, size_t names_len);
 
 /* --- mixture state at (p, t); 0.0 when the molar mass is not above 0 ---- */
