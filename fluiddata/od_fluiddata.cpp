@@ -72,6 +72,12 @@ const TableRow* stored_table_row(const CompName& name) {
     return &state().rows[row - 1];
 }
 
+// One column of the row the getters read; missing_value when the name has no row.
+double stored_value(const CompName& name, double TableRow::*column) {
+    const TableRow* row = stored_table_row(name);
+    return row ? row->*column : missing_value;
+}
+
 std::string_view trim_right(std::string_view s) {
     while (!s.empty() && s.back() == ' ') s.remove_suffix(1);
     return s;
@@ -188,30 +194,11 @@ void getcoef(const CompName& name, double t, std::span<double, 7> a) {
     std::copy(row->coef[range].begin(), row->coef[range].end(), a.begin());
 }
 
-double gettmin(const CompName& name) {
-    const TableRow* row = stored_table_row(name);
-    return row ? row->tmin : missing_value;
-}
-
-double gettmax(const CompName& name) {
-    const TableRow* row = stored_table_row(name);
-    return row ? row->tmax : missing_value;
-}
-
-double getmmol(const CompName& name) {
-    const TableRow* row = stored_table_row(name);
-    return row ? row->mmol : missing_value;
-}
-
-double geteps(const CompName& name) {
-    const TableRow* row = stored_table_row(name);
-    return row ? row->eps : missing_value;
-}
-
-double getsigma(const CompName& name) {
-    const TableRow* row = stored_table_row(name);
-    return row ? row->sigma : missing_value;
-}
+double gettmin(const CompName& name) { return stored_value(name, &TableRow::tmin); }
+double gettmax(const CompName& name) { return stored_value(name, &TableRow::tmax); }
+double getmmol(const CompName& name) { return stored_value(name, &TableRow::mmol); }
+double geteps(const CompName& name) { return stored_value(name, &TableRow::eps); }
+double getsigma(const CompName& name) { return stored_value(name, &TableRow::sigma); }
 
 char getphase(const CompName& name) {
     const std::string_view t = name.trimmed();
