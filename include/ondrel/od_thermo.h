@@ -2,8 +2,9 @@
  *
  * Every argument is passed by reference; the length of each text argument
  * is appended as a trailing hidden size_t, in argument order (GNU Fortran
- * convention). Texts are blank-padded; a NUL byte ends a text early.
- * Pointers must be valid; no routine stores them.
+ * convention). Texts are blank-padded; a NUL byte ends a text early; a null
+ * text reads as blanks. Non-null pointers must be valid; no routine stores
+ * them.
  *
  * Units: p in Pa, t in K, molar masses in kg/mol; results per unit mass in
  * J/kg, J/(kg K), m3/kg; per-mole component values divided by
@@ -22,8 +23,10 @@
  *
  * Errors: a mixture routine given n > 250, a null n, or (for n > 0) a null
  * name or concentration list returns -8888.8 (the missing-value marker) and
- * changes no state. Non-finite or non-positive p and t are evaluated without checks:
- * the result is then NaN or infinite (never a crash), except where a guard
+ * changes no state; so does any routine given a null value argument (p, t,
+ * xw, value1, value2), except isinit_ and isnotinit_, which then give 0.
+ * Non-finite or non-positive p and t are evaluated without checks: the
+ * result is then NaN or infinite (never a crash), except where a guard
  * below gives 0.0.
  */
 #ifndef ONDREL_OD_THERMO_H

@@ -1,6 +1,6 @@
 // The host-convention exports: blank-padded names of the caller's width,
 // hidden lengths, the empty mixture of a negative count, and safe failure
-// for bad component counts.
+// for missing arguments and counts above 250.
 #include "ondrel/od_thermo.h"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_derivative.hpp"
@@ -76,18 +76,23 @@ TEST_F(Exports, NegativeCountIsTheEmptyMixture) {
     }
 }
 
-TEST_F(Exports, BadComponentCountFailsWithTheMissingValue) {
+TEST_F(Exports, MissingArgumentsOrCountAbove250FailWithTheMissingValue) {
     const double* c = mix.conc.data();
-    for (std::int32_t bad : {251}) {
-        for (const auto& fn : state_functions) EXPECT_EQ(fn.first(&p, &t, &bad, names.data(), c, 12), od::missing_value) << bad;
-        EXPECT_EQ(tmin_(&bad, names.data(), 12), od::missing_value);
-        EXPECT_EQ(dcv_dt_(&t, &bad, names.data(), c, 12), od::missing_value);
+    const std::int32_t over = 251;
+    for (const auto& fn : state_functions) {
+        EXPECT_EQ(fn.first(&p, &t, &over, names.data(), c, 12), od::missing_value);
+        EXPECT_EQ(fn.first(nullptr, &t, &n, names.data(), c, 12), od::missing_value);
+        EXPECT_EQ(fn.first(&p, nullptr, &n, names.data(), c, 12), od::missing_value);
     }
+    EXPECT_EQ(tmin_(&over, names.data(), 12), od::missing_value);
     EXPECT_EQ(h_pt_(&p, &t, &n, nullptr, c, 12), od::missing_value);
     EXPECT_EQ(eta_t_(&t, &n, names.data(), nullptr, 12), od::missing_value);
-    const std::int32_t zero = 0;
-    EXPECT_EQ(h_pt_(&p, &t, &zero, nullptr, nullptr, 12), 0.0);
-    EXPECT_EQ(tmax_(&zero, nullptr, 12), 1e10);
+    EXPECT_EQ(dcv_dt_(nullptr, &n, names.data(), c, 12), od::missing_value);
+    for (const auto& fn : water_functions) EXPECT_EQ(fn.first(&p, nullptr, &t), od::missing_value);
+    for (double v : {h2o_("P", &p, "T", nullptr, "H.", 1, 1, 2), cp_0_("N2", nullptr, 2), s_0_("N2", nullptr, &t, 2),
+                     v_0_(&p, nullptr), dp_dt_(nullptr, &t), viscosity_(nullptr, "N2", 2), thermcond_(&p, nullptr, "N2", 2)})
+        EXPECT_EQ(v, od::missing_value);
+    EXPECT_EQ(isinit_(nullptr) + isnotinit_(nullptr), 0);
 }
 
 }  // namespace
