@@ -757,7 +757,8 @@ std::int32_t pwsrtx(double& a, double& b, double eps) {
     }
     // Intended: a wet state above the critical temperature is refused with an
     // illegal region number, arguments unchanged.
-    if (t > crit_t || std::isnan(t)) return ireg_above_critical;
+    // A temperature that is not a number fails both tests and is placed as 5.
+    if (t > crit_t) return ireg_above_critical;
     a = x;
     b = t;
     return ireg_wet_r3;

@@ -177,7 +177,7 @@ TEST_F(PwsInverse, BadInputNeverCrashesPlacesNoStateAndEndsQuickly) {
                 const std::int32_t ireg = pws_test::routine(name)(a, b, eps);
                 EXPECT_GE(ireg, 0);
                 EXPECT_LE(ireg, 7);
-                // (T, X) refuses a temperature that is not a number with 7 and takes any dryness.
+                // (T, X) takes any dryness and places a temperature that is not a number as 5.
                 if ((std::isfinite(x) && std::isfinite(y)) || name == "pwsrtx") continue;
                 EXPECT_EQ(ireg, 0);
                 // The entry routine places no state either: one line, the result untouched.
