@@ -677,7 +677,9 @@ SaturatedVolumes saturated_volumes3(double ps, double t) {
 }
 
 std::int32_t pwsrpt(double& a, double& b, double eps) {
-    if (!finite(a, b)) return ireg_not_placed;
+    // Values that are not finite go through the same tests as any other: a
+    // NaN fails every comparison and ends in region 2 (or region 3 above
+    // 350 C), where the equations give NaN.
     const double p = a;
     const double t = b;
     if (t <= t_sub1_max) {

@@ -15,7 +15,8 @@
 // - any other result means the state could not be placed (the entry routine
 //   reports it as an illegal region); a and b are then left as they were
 //   unless the routine says otherwise. A NaN or infinite input value is such a
-//   state: the result is 0.
+//   state (result 0), except for pwsrpt and pwsrtx, which place any values by
+//   their comparisons.
 // pwsrpt places a state as it is given (the common terms report one out of
 // range). The other routines report an input outside the range of the
 // formulation through pwser and go on with the nearest state inside it:

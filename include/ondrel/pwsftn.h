@@ -152,8 +152,9 @@ void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* ta
  *     IREG 4  region 3, liquid side (350-374.15 C)   *a = volume,   *b = temperature
  *     IREG 5  wet, saturation temperature > 350 C    *a = dryness,  *b = temperature
  *     IREG 6  wet, up to 350 C                       *a = dryness,  *b = temperature
- *   Any other result: the state could not be placed (a NaN or infinite
- *   input, or a null pointer, gives 0; pwsrtx_ gives 7 above 374.15 C).
+ *   Any other result: the state could not be placed (a null pointer, or a
+ *   NaN or infinite input of any routine but pwsrpt_ and pwsrtx_, gives 0;
+ *   pwsrtx_ gives 7 above 374.15 C).
  *   pwsrpt_ places the state as given (the common terms report it when it
  *   is out of range). The other routines report an input outside the range
  *   through pwser_ and return the nearest state inside it; error codes

@@ -177,8 +177,8 @@ TEST_F(PwsInverse, BadInputNeverCrashesPlacesNoStateAndEndsQuickly) {
                 const std::int32_t ireg = pws_test::routine(name)(a, b, eps);
                 EXPECT_GE(ireg, 0);
                 EXPECT_LE(ireg, 7);
-                // (T, X) takes any dryness and places a temperature that is not a number as 5.
-                if ((std::isfinite(x) && std::isfinite(y)) || name == "pwsrtx") continue;
+                // (P, T) and (T, X) place any values by their comparisons.
+                if ((std::isfinite(x) && std::isfinite(y)) || name == "pwsrtx" || name == "pwsrpt") continue;
                 EXPECT_EQ(ireg, 0);
                 // The entry routine places no state either: one line, the result untouched.
                 records.clear();
