@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -261,6 +262,9 @@ void readgas() {
 }
 
 void readgasfile(std::string_view path) {
+    // Only a regular file is read: a device or pipe could deliver one endless line.
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(std::filesystem::path(path), ec)) return;
     const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(std::string(path).c_str(), "rb"));
     if (!file) return;
     std::FILE* in = file.get();

@@ -63,7 +63,8 @@ double stored_conc(int i);             // cnc(i): never written, always 0.0
 // --- loading --------------------------------------------------------------
 // Loads the table once from the configured source, then marks it loaded.
 void readgas();
-// Fills the table from the gas data file at path.
+// Fills the table from the gas data file at path; a path that is not a
+// regular file (missing, a directory, a device) reads nothing.
 void readgasfile(std::string_view path);
 // Fills the table from the fluid database record `name` in `directory`.
 void readgasdb(std::string_view directory, std::string_view name);

@@ -69,7 +69,8 @@ int32_t dbread_(void);   /* 1 when the table has been loaded or loading was atte
  * fluid database record when ONDREL_GAS_SOURCE=database) and marks it loaded,
  * also when nothing could be read. */
 void readgas_(void);
-/* Fills the table from the gas data file at path (256 characters). */
+/* Fills the table from the gas data file at path (256 characters); a path
+ * that is not a regular file (missing, a directory, a device) reads nothing. */
 void readgasfile_(const char* path, size_t path_len);
 /* Fills the table from the fluid database record name in directory. */
 void readgasdb_(const char* directory, const char* name, size_t directory_len, size_t name_len);

@@ -144,7 +144,8 @@ TEST_F(GasTest, BothSourcesGiveTheSameTable) {
 TEST_F(GasTest, TheTableIsLoadedOnceFromTheConfiguredSourceEvenWhenThatFails) {
     env("ONDREL_FLUIDPATH", dir());
     env("ONDREL_GAS_SOURCE", std::nullopt);
-    fd::readgasfile(dir());  // a directory, and no path at all: nothing
+    fd::readgasfile(dir());  // a directory, an endless device and no path at all: nothing
+    fd::readgasfile("/dev/zero");
     fd::readgasfile("");
     EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // no gas data file yet
     EXPECT_TRUE(fd::dbread());
