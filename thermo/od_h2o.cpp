@@ -128,7 +128,20 @@ double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) 
     return conv(h2o('P', s.p_h2o, 'T', t_if97_max, q.prop)) + q.db(water, p, t) - q.db(water, p, t_if97_max);
 }
 
-// h/R or s/R of the water; sv holds the function's saved values.
+// h/R, s/R or cp/R of the water, condensed and vapour parts weighted by the
+// condensed fraction; sv holds the function's saved values.
+template <class Conv>
+double split_value(const Quantity& q, Saved& sv, double xw, double p, double t, Conv conv) {
+    const Split s = split(xw, p, t);
+    sv.p_sat = s.p_sat;
+    sv.p_h2o = s.p_h2o;
+    const double liq = condensed(q, p, t, s.f, s.p_sat, conv);
+    // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
+    if (s.f < 1.0) sv.vap = vapour(q, p, t, s, conv);
+    return (1.0 - s.f) * sv.vap + s.f * liq;
+}
+
+// h/R or s/R of the water, on the gas-table reference.
 double energy_like(const Quantity& q, Saved& sv, double xw, double p, double t) {
     // Intended: the reference correction is computed once, on the first call, and never again.
     if (sv.first) {
@@ -136,14 +149,7 @@ double energy_like(const Quantity& q, Saved& sv, double xw, double p, double t) 
         sv.corr = q.db(water, p_reference, t_reference) - h2o('P', p_reference, 'T', t_reference, q.prop) / sv.r_h2o;
         sv.first = false;
     }
-    const Split s = split(xw, p, t);
-    sv.p_sat = s.p_sat;
-    sv.p_h2o = s.p_h2o;
-    auto conv = [&sv](double x) { return x / sv.r_h2o + sv.corr; };
-    const double liq = condensed(q, p, t, s.f, s.p_sat, conv);
-    // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
-    if (s.f < 1.0) sv.vap = vapour(q, p, t, s, conv);
-    return (1.0 - s.f) * sv.vap + s.f * liq;
+    return split_value(q, sv, xw, p, t, [&sv](double x) { return x / sv.r_h2o + sv.corr; });
 }
 
 }  // namespace
@@ -189,15 +195,9 @@ double h_h2o(double xw, double p, double t) { return energy_like(q_h, state().h,
 double s_h2o(double xw, double p, double t) { return energy_like(q_s, state().s, xw, p, t); }
 
 double cp_h2o(double xw, double p, double t) {
-    Saved& sv = state().cp;
+    // No reference correction; the specific gas constant is formed on every call.
     const double r_h2o = r_gas / fluiddata::getmmol(water);
-    const Split s = split(xw, p, t);
-    sv.p_sat = s.p_sat;
-    sv.p_h2o = s.p_h2o;
-    auto conv = [r_h2o](double x) { return x / r_h2o; };
-    const double liq = condensed(q_cp, p, t, s.f, s.p_sat, conv);
-    if (s.f < 1.0) sv.vap = vapour(q_cp, p, t, s, conv);
-    return (1.0 - s.f) * sv.vap + s.f * liq;
+    return split_value(q_cp, state().cp, xw, p, t, [r_h2o](double x) { return x / r_h2o; });
 }
 
 double v_h2o(double xw, double p, double t) {
