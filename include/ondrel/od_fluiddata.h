@@ -7,7 +7,9 @@
  * (1 true, 0 false). Component names have 8 significant characters and
  * compare case-sensitively with trailing blanks ignored. Rows of the gas
  * table are numbered from 1; -8888 marks a missing row and -8888.8 a missing
- * value. No function reports errors otherwise. */
+ * value. No function reports errors otherwise. A NULL text reads as an
+ * empty name and a NULL output is left unwritten; arrays must have the
+ * length given for them. */
 #ifndef ONDREL_OD_FLUIDDATA_H
 #define ONDREL_OD_FLUIDDATA_H
 
@@ -41,8 +43,9 @@ int32_t getstoredidx_(const char* name, size_t name_len);
  * A name that is neither stored nor a water name gives -8888.8. */
 
 /* a[0..6] receives the coefficients a1..a7 valid at t (K): the upper range
- * above 1000 K, else the lower one; a range whose a1 is 0.0 is replaced by the
- * other range. */
+ * above 1000 K, else the lower one (exactly 1000 K takes the lower one); a
+ * range whose a1 is 0.0 is replaced by the other range. NULL t or a: nothing
+ * is written. */
 void getcoef_(const char* name, const double* t, double* a, size_t name_len);
 double gettmin_(const char* name, size_t name_len);  /* lower temperature limit, K */
 double gettmax_(const char* name, size_t name_len);  /* upper temperature limit, K */
