@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 
-#include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -145,13 +144,9 @@ const Terms1& terms(double p, double t) {
 }  // namespace
 
 void comt1(double p, double t) {
+    constexpr detail::StateCheck check{"COMT1", 12, false, p_min, p_max, t_sub1_min, t1_bound_max};
     Region1State& s = state();
-    if (detail::same_state(p, t, s.p_prev, s.t_prev)) return;
-    s.p_prev = p;
-    s.t_prev = t;
-    if (detail::out_of_bounds(p, p_min, p_max)) pwser("COMT1", 12, p, t);
-    if (detail::out_of_bounds(t, t_sub1_min, t1_bound_max)) pwser("COMT1", 12, p, t);
-    s.terms = evaluate(p, t);
+    if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
 }
 
 double pws_c1(double p, double t) { return terms(p, t).chi * crit_v; }

@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 
-#include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -165,13 +164,9 @@ const Terms2& terms(double p, double t) {
 }  // namespace
 
 void comt2(double p, double t) {
+    constexpr detail::StateCheck check{"COMT2", 12, false, p_min, p_max, t2_min, t2_max};
     Region2State& s = state();
-    if (detail::same_state(p, t, s.p_prev, s.t_prev)) return;
-    s.p_prev = p;
-    s.t_prev = t;
-    if (detail::out_of_bounds(p, p_min, p_max)) pwser("COMT2", 12, p, t);
-    if (detail::out_of_bounds(t, t2_min, t2_max)) pwser("COMT2", 12, p, t);
-    s.terms = evaluate(p, t);
+    if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
 }
 
 double pws_c2(double p, double t) { return terms(p, t).chi * crit_v; }

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 
-#include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -178,13 +177,9 @@ const Terms3& terms(double v, double t) {
 }  // namespace
 
 void comt3(double v, double t) {
+    constexpr detail::StateCheck check{"COMT3", 42, true, v3_min, v3_max, t3_min, t3_max};
     Region3State& s = state();
-    if (detail::same_state(v, t, s.v_prev, s.t_prev)) return;
-    s.v_prev = v;
-    s.t_prev = t;
-    if (detail::out_of_bounds(v, v3_min, v3_max)) pwser("COMT3", 42, v, t);
-    if (detail::out_of_bounds(t, t3_min, t3_max)) pwser("COMT3", 42, v, t);
-    s.terms = evaluate(v, t);
+    if (detail::enter_state(check, v, t, s.v_prev, s.t_prev)) s.terms = evaluate(v, t);
 }
 
 double pws_a3(double v, double t) { return -terms(v, t).psi_c * crit_p; }

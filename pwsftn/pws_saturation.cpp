@@ -3,7 +3,9 @@
 #include "pwsftn/pws_saturation.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -40,7 +42,8 @@ constexpr double tp_back_step = 0.01;   // C, shrinks by tp_back_shrink per use
 constexpr double tp_back_shrink = 0.9;
 
 struct SaturationState {
-    double slope = 0.0;  // the saturation-slope record, written by psl1
+    double slope = 0.0;         // the saturation-slope record, written by psl1
+    CurrentState current{};     // the current-state record, written by comt1, comt2, comt3
 };
 
 SaturationState& state() {
@@ -155,6 +158,26 @@ double pws_tp(double p) {
         t += w * (p - ps) / slope;
         if (std::fabs((p - ps) / p) < tol) return t;
     }
+}
+
+CurrentState pws_cu() { return state().current; }
+
+bool detail::enter_state(const StateCheck& check, double a, double b, double& a_prev, double& b_prev) {
+    const auto bitwise = [](double x) { return std::bit_cast<std::uint64_t>(x); };
+    // Intended: a call for the kept state returns before any record is written.
+    if (!std::isnan(a) && !std::isnan(b) && bitwise(a) == bitwise(a_prev) && bitwise(b) == bitwise(b_prev))
+        return false;
+    a_prev = a;
+    b_prev = b;
+    CurrentState& cu = state().current;
+    (check.volume ? cu.v : cu.p) = a;
+    cu.t = b;
+    const auto outside = [](double x, double low, double high) {
+        return x < low * bound_low_factor || x > high * bound_high_factor;
+    };
+    if (outside(a, check.a_low, check.a_high)) pwser(check.name, check.code, a, b);
+    if (outside(b, check.b_low, check.b_high)) pwser(check.name, check.code, a, b);
+    return true;
 }
 
 double pws_cl(double t) {

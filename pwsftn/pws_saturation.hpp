@@ -94,7 +94,16 @@ void comt1(double p, double t);
 void comt2(double p, double t);
 void comt3(double v, double t);
 
-// Test hook: empties the caches of comt1, comt2, comt3 and the kept slope.
+// The current-state record: the last state handed to a common-term routine
+// that was not its kept state. comt1 and comt2 write p (bar) and t (C), comt3
+// writes v (m3/kg) and t; the other place keeps its earlier value (0 at load).
+struct CurrentState {
+    double p, t, v;
+};
+CurrentState pws_cu();
+
+// Test hook: empties the caches of comt1, comt2, comt3, the kept slope and
+// the current-state record.
 void reset_terms_for_tests();
 
 }  // namespace pws

@@ -1,8 +1,7 @@
 // Internal to the water-and-steam package: shared pieces of the region modules.
 #pragma once
-#include <bit>
-#include <cmath>
 #include <cstdint>
+#include <string_view>
 
 namespace pws::detail {
 
@@ -12,17 +11,21 @@ inline constexpr double bound_high_factor = 1.00001;
 // Value of the kept state before the first call (no real state has it).
 inline constexpr double no_state = -999.0;
 
-// The kept pair matches the new one: both bitwise equal, neither NaN.
-inline bool same_state(double a, double b, double a_prev, double b_prev) {
-    if (std::isnan(a) || std::isnan(b)) return false;
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(a_prev) &&
-           std::bit_cast<std::uint64_t>(b) == std::bit_cast<std::uint64_t>(b_prev);
-}
+// Bound check of a common-term routine: the reporting name and code, whether
+// the first quantity is a volume (else a pressure), and the ranges of the
+// first and second quantity.
+struct StateCheck {
+    std::string_view name;
+    std::int32_t code;
+    bool volume;
+    double a_low, a_high, b_low, b_high;
+};
 
-// The value lies outside [low, high] widened by the relative bound factors.
-inline bool out_of_bounds(double x, double low, double high) {
-    return x < low * bound_low_factor || x > high * bound_high_factor;
-}
+// The first steps of comt1, comt2, comt3: false when (a, b) equals the kept
+// pair (bitwise, neither NaN); otherwise keeps the pair, writes it into the
+// current-state record and reports each quantity outside its range widened
+// by the bound factors, and returns true (the terms are to be evaluated).
+bool enter_state(const StateCheck& check, double a, double b, double& a_prev, double& b_prev);
 
 // Forget the kept states of comt1, comt2, comt3 (test hook helpers).
 void reset_region1();

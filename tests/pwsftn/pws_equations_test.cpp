@@ -91,6 +91,10 @@ TEST_F(PwsEquations, SameStateIsCheckedAndEvaluatedOnceButNaNNeverComesFromTheCa
     EXPECT_TRUE(std::isnan(pws::pws_d2(10.0, nan)));
     EXPECT_TRUE(std::isnan(pws::pws_a3(nan, 400.0)));
     EXPECT_GT(pws::pws_c1(1.0, 20.0), 0.0);
+    pws::comt3(0.004, 400.0);
+    pws::comt1(1.0, 20.0);  // the kept state: the current-state record is not written
+    const pws::CurrentState cu = pws::pws_cu();
+    EXPECT_EQ(std::vector<double>({cu.p, cu.t, cu.v}), std::vector<double>({1.0, 400.0, 0.004}));
 }
 
 // Columns of the check-value tables.
