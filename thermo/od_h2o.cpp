@@ -65,14 +65,16 @@ State& state() {
 struct Quantity {
     std::string_view prop;                                   // IF97 property name
     double (*db)(const CompName& name, double p, double t);  // gas-table value, per mole
+    bool scaled;  // carried beyond an anchor temperature by t/t_anchor, not by gas-table differences
 };
 double db_h(const CompName& n, double, double t) { return basefuncs::h_0(n, t); }
 double db_s(const CompName& n, double p, double t) { return basefuncs::s_0(n, p, t); }
 double db_cp(const CompName& n, double, double t) { return basefuncs::cp_0(n, t); }
-inline constexpr Quantity q_h{"H.", db_h};
-inline constexpr Quantity q_s{"S.", db_s};
-inline constexpr Quantity q_cp{"CP.", db_cp};
-inline constexpr std::string_view prop_v = "V.";
+double db_v(const CompName&, double p, double t) { return basefuncs::v_0(p, t); }
+inline constexpr Quantity q_h{"H.", db_h, false};
+inline constexpr Quantity q_s{"S.", db_s, false};
+inline constexpr Quantity q_cp{"CP.", db_cp, false};
+inline constexpr Quantity q_v{"V.", db_v, true};
 inline constexpr std::string_view prop_p = "P.";
 
 double sublimation_pressure(double t) {
@@ -103,7 +105,13 @@ Split split(double xw, double p, double t) {
     return s;
 }
 
-// Condensed-phase value (h/R, s/R or cp/R) with conv turning an IF97 value into it.
+// The per-mole value at t of the component `name` from its value at t_anchor.
+double carried(const Quantity& q, double anchor, const CompName& name, double p, double t, double t_anchor) {
+    if (q.scaled) return anchor * t / t_anchor;
+    return anchor + q.db(name, p, t) - q.db(name, p, t_anchor);
+}
+
+// Condensed-phase value (h/R, s/R, cp/R or molar volume) with conv turning an IF97 value into it.
 template <class Conv>
 double condensed(const Quantity& q, double p, double t, double f, double p_sat, Conv conv) {
     if (t >= t_triple) {
@@ -113,7 +121,7 @@ double condensed(const Quantity& q, double p, double t, double f, double p_sat, 
         return 0.0;
     }
     if (f > 0.0)
-        return conv(h2o('P', p, 'T', t_triple, q.prop)) + q.db(water_liquid, p, t) - q.db(water_liquid, p, t_triple);
+        return carried(q, conv(h2o('P', p, 'T', t_triple, q.prop)), water_liquid, p, t, t_triple);
     return 0.0;
 }
 
@@ -125,7 +133,7 @@ double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) 
     if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
         return conv(h2o('P', s.p_h2o, 'X', 1.0, q.prop));
     if (t <= t_if97_max) return conv(h2o('P', s.p_h2o, 'T', t, q.prop));
-    return conv(h2o('P', s.p_h2o, 'T', t_if97_max, q.prop)) + q.db(water, p, t) - q.db(water, p, t_if97_max);
+    return carried(q, conv(h2o('P', s.p_h2o, 'T', t_if97_max, q.prop)), water, p, t, t_if97_max);
 }
 
 // h/R, s/R or cp/R of the water, condensed and vapour parts weighted by the
@@ -202,30 +210,11 @@ double cp_h2o(double xw, double p, double t) {
 
 double v_h2o(double xw, double p, double t) {
     const double m = fluiddata::getmmol(water);
-    const Split s = split(xw, p, t);
     auto molar = [m](double v) { return v * m; };
-    double liq = 0.0;
-    if (t >= t_triple) {
-        if (s.f > 0.0 && s.f < 1.0)
-            liq = p > s.p_sat ? molar(h2o('P', p, 'T', t, prop_v)) : molar(h2o('P', p, 'X', 0.0, prop_v));
-        else if (s.f >= 1.0)
-            liq = molar(h2o('P', p, 'T', t, prop_v));
-    } else if (s.f > 0.0) {
-        liq = molar(h2o('P', p, 'T', t_triple, prop_v)) * t / t_triple;
-    }
-    double vap = 0.0;
-    if (s.f < 1.0) {
-        if (t < t_triple)
-            vap = basefuncs::v_0(p, t);
-        else if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
-            vap = molar(h2o('P', s.p_h2o, 'X', 1.0, prop_v));
-        else if (t <= t_if97_max)
-            vap = molar(h2o('P', s.p_h2o, 'T', t, prop_v));
-        else
-            vap = molar(h2o('P', s.p_h2o, 'T', t_if97_max, prop_v)) * t / t_if97_max;
-        // The vapour fills the mixture's volume at its partial pressure.
-        vap *= s.p_h2o / p;
-    }
+    const Split s = split(xw, p, t);
+    const double liq = condensed(q_v, p, t, s.f, s.p_sat, molar);
+    // The vapour fills the mixture's volume at its partial pressure; with no vapour it counts 0.
+    const double vap = s.f < 1.0 ? vapour(q_v, p, t, s, molar) * (s.p_h2o / p) : 0.0;
     return (1.0 - s.f) * vap + s.f * liq;
 }
 
