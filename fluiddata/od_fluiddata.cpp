@@ -57,6 +57,7 @@ int find_table_slot(const CompName& name) {
 // Row of a stored component or of a water name; missing_row when not found.
 int stored_row(const CompName& name) {
     const FluidDataState& s = state();
+    // Intended: with no stored mixture even the two water names have no row.
     if (s.ncmp < 1 || name.overlong) return missing_row;
     if (name == water_gas) return s.idx[s.ncmp];
     if (name == water_liquid) return s.idx[s.ncmp + 1];
@@ -295,7 +296,8 @@ void readgasdb(std::string_view directory, std::string_view name) {
         return std::string_view(record.lines[i - 1]).substr(0, record_width);
     };
     FluidDataState& s = state();
-    // Line 1 is the header: nothing of it is kept. Extra lines past the last block are ignored.
+    // Line 1 is the header: nothing of it is kept.
+    // Intended: (n - 1) / 4 whole blocks, so at most 63; lines of an unfinished block are ignored.
     s.ngas = (n - 1) / 4;
     for (int i = 1; i <= s.ngas; ++i) {
         TableRow& row = s.rows[i - 1];
