@@ -51,6 +51,38 @@ void narrow_bracketed(Bracket& k, double x, double fx, F&& f) {
     }
 }
 
+// Narrowing step of pws_i1 (products compared with zero, ">="), shared by the
+// outer iteration of pws_id: keeps the root between a and b with one halving
+// evaluation f(m).
+template <typename F>
+void narrow_i1(double& a, double& fa, double& b, double& fb, double x, double fx, F&& f) {
+    if (fa * fx >= 0.0) {
+        const double m = (x + b) * 0.5;
+        const double fm = f(m);
+        if (fb * fm >= 0.0) {
+            a = x;
+            fa = fx;
+            b = m;
+            fb = fm;
+        } else {
+            a = m;
+            fa = fm;
+        }
+    } else {
+        const double m = (x + a) * 0.5;
+        const double fm = f(m);
+        if (fa * fm >= 0.0) {
+            a = m;
+            fa = fm;
+            b = x;
+            fb = fx;
+        } else {
+            b = m;
+            fb = fm;
+        }
+    }
+}
+
 // The scheme of pws_i2 on g(x) = 0 with residual tolerance r and relative
 // interval tolerance eps; `last_estimate` selects the result after 40 steps.
 template <typename G>
@@ -111,31 +143,7 @@ double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double
         const double x = a - (a - b) * fa / (fa - fb);
         const double fx = g(x);
         if (std::fabs(fx) < r) return x;
-        if (fa * fx >= 0.0) {
-            const double m = (x + b) * 0.5;
-            const double fm = g(m);
-            if (fb * fm >= 0.0) {
-                a = x;
-                fa = fx;
-                b = m;
-                fb = fm;
-            } else {
-                a = m;
-                fa = fm;
-            }
-        } else {
-            const double m = (x + a) * 0.5;
-            const double fm = g(m);
-            if (fa * fm >= 0.0) {
-                a = m;
-                fa = fm;
-                b = x;
-                fb = fx;
-            } else {
-                b = m;
-                fb = fm;
-            }
-        }
+        narrow_i1(a, fa, b, fb, x, fx, g);
     }
     warn_iterations("PWS_I1");
     // Intended: after the last step the result is 0, not the last estimate.
@@ -206,33 +214,11 @@ void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, doub
         const double g = outer(y, x);
         x_last = x;
         y_last = y;
+        // A trial within the tolerance ends the loop before the halving
+        // evaluation (as in pws_i1), so the x handed back belongs to this y.
         if (std::fabs(g) < tol) break;
-        double x_mid = 0.0;
-        if (ga * g >= 0.0) {
-            const double m = (y + yb) * 0.5;
-            const double gm = outer(m, x_mid);
-            if (gb * gm >= 0.0) {
-                ya = y;
-                ga = g;
-                yb = m;
-                gb = gm;
-            } else {
-                ya = m;
-                ga = gm;
-            }
-        } else {
-            const double m = (y + ya) * 0.5;
-            const double gm = outer(m, x_mid);
-            if (ga * gm >= 0.0) {
-                ya = m;
-                ga = gm;
-                yb = y;
-                gb = g;
-            } else {
-                yb = m;
-                gb = gm;
-            }
-        }
+        double x_mid = 0.0;  // the x of a halving point is not handed back
+        narrow_i1(ya, ga, yb, gb, y, g, [&](double m) { return outer(m, x_mid); });
         if (step >= max_steps) {
             warn_iterations("PWS_ID");
             break;

@@ -72,21 +72,19 @@ Terms2 evaluate(double p, double t) {
     for (std::size_t i = 2; i < xp.size(); ++i) xp[i] = xp[i - 1] * xp[1];
 
     // Sums per mu of B X^z, z B X^z, z^2 B X^z and of b X^x, x b X^x, x^2 b X^x.
-    std::array<double, 9> n0{}, n1{}, n2{}, d0{}, d1{}, d2{};
-    for (const Term& tm : terms_b) {
-        const double v = tm.n * xp[static_cast<std::size_t>(tm.z)];
-        const auto m = static_cast<std::size_t>(tm.mu);
-        n0[m] += v;
-        n1[m] += tm.z * v;
-        n2[m] += tm.z * tm.z * v;
-    }
-    for (const Term& tm : terms_bd) {
-        const double v = tm.n * xp[static_cast<std::size_t>(tm.z)];
-        const auto m = static_cast<std::size_t>(tm.mu);
-        d0[m] += v;
-        d1[m] += tm.z * v;
-        d2[m] += tm.z * tm.z * v;
-    }
+    using Sums = std::array<double, 9>;
+    Sums n0{}, n1{}, n2{}, d0{}, d1{}, d2{};
+    const auto sum_by_mu = [&xp](const auto& table, Sums& s0, Sums& s1, Sums& s2) {
+        for (const Term& tm : table) {
+            const double v = tm.n * xp[static_cast<std::size_t>(tm.z)];
+            const auto m = static_cast<std::size_t>(tm.mu);
+            s0[m] += v;
+            s1[m] += tm.z * v;
+            s2[m] += tm.z * tm.z * v;
+        }
+    };
+    sum_by_mu(terms_b, n0, n1, n2);
+    sum_by_mu(terms_bd, d0, d1, d2);
 
     double chi = i1_const * th / be;
     double eps = coef_b0 * th;
