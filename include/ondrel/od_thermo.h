@@ -88,7 +88,9 @@ double x_gas_(const double* p, const double* t, const int32_t* n, const char* na
 
 /* --- condensing water "H2O(IF)" ---------------------------------------- */
 /* One IF97 value in SI units. spec1, spec2: first letter read, "P" (Pa),
- * "T" (K) or "X" (quality); property "P.", "H.", "S.", "CP." or "V.".
+ * "T" (K) or "X" (quality), giving the unit of value1 and value2; property
+ * "P.", "H.", "S.", "CP." or "V.". A first pressure below 611.657 Pa is
+ * raised to it.
  * Returns Pa, J/kg, J/(kg K) or m3/kg; -8888.8 for a saturation request
  * above 647.096 K or where IF97 gives no value. */
 double h2o_(const char* spec1, const double* value1, const char* spec2, const double* value2,
@@ -108,10 +110,10 @@ double dp_dv_(const double* p, const double* t, const int32_t* n, const char* na
               size_t names_len);
 /* 0.0. */
 double d2p_dt2_(void);
-/* (d2p/dv2)_T = M^2 (2 p^3)/(R t)^2. */
+/* (d2p/dv2)_T = M^2 (p^3 + p^3)/(R t)^2, Pa kg2/m6. */
 double d2p_dv2_(const double* p, const double* t, const int32_t* n, const char* names, const double* conc,
                 size_t names_len);
-/* d2p/dTdv = -(p^2/(t^2 R)) M. */
+/* d2p/dTdv = -(p^2/(t^2 R)) M, Pa kg/(m3 K). */
 double d2p_dtdv_(const double* p, const double* t, const int32_t* n, const char* names, const double* conc,
                  size_t names_len);
 /* (dcv/dT) of the mixture, J/(kg K2), "H2O(IF)" as ideal-gas "H2O"; 0.0 when M <= 0. */
