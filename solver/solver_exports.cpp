@@ -1,7 +1,8 @@
 // The inverse solution in the host calling convention: C linkage, every
 // argument by reference, text lengths as trailing hidden size_t arguments.
-// A mixture whose count is outside 0..250 or that names a component missing
-// from the gas table gives -8888.8 (and error code 1 where there is one).
+// Except in brent_, which hands the mixture to its function unread, a mixture
+// whose count is outside 0..250 or that names a component missing from the
+// gas table gives -8888.8 (and error code 1 where there is one).
 #include <cstddef>
 
 #include "ondrel/ondrel.h"
@@ -78,12 +79,12 @@ double get_t_(const char* inputspec, const double* input1, const double* input2,
 double brent_(HostFn f, const int* which, const double* fixed, const double* target, double* a,
               double* b, const double* tol, const int* n, const char* cmp, const double* cnc,
               int* ierr, std::size_t cmp_len) {
-    const od::HostMixture m = od::host_mixture(n, cmp, cmp_len, cnc);
     if (f == nullptr || which == nullptr || fixed == nullptr || target == nullptr ||
-        a == nullptr || b == nullptr || tol == nullptr || ierr == nullptr || !m.valid())
+        a == nullptr || b == nullptr || tol == nullptr || ierr == nullptr)
         return od::missing_value;
+    // The mixture goes to f exactly as the caller gave it; the root finder reads none of it.
     return od::solver::brent(host_callable(f, n, cmp, cnc, cmp_len), *which, *fixed, *target, *a,
-                             *b, *tol, m.mixture(), *ierr);
+                             *b, *tol, od::Mixture{}, *ierr);
 }
 
 #define OD_MEMBER(name)                                                                       \

@@ -114,16 +114,29 @@ void ondrel_sub_(void);
  * Inverse solution. A property function of the host has the form
  *   double f(const double *p, const double *t, const int32_t *n,
  *            const char *cmp, const double *cnc, size_t cmp_len)
- * with p in Pa and t in K. In the routines below p is in Pa, t in K, v in
- * m3/kg, s in J/(kg K), h and u in J/kg. The mixture (n, cmp, cnc, cmp_len)
- * becomes the stored composition; an unknown component or a count outside
- * 0..250 gives -8888.8 (and errcode 1 where there is one).
+ * with p in Pa and t in K (od_thermo.h's h_pt_, s_pt_, u_pt_, v_pt_ are
+ * such functions). In the routines below p is in Pa, t in K, v in m3/kg,
+ * s in J/(kg K), h and u in J/kg. The mixture arguments are those of
+ * od_prop_: n components (0 to 250), cmp their names of cmp_len characters
+ * each, cnc their concentrations. Except in brent_, the mixture becomes the
+ * stored composition that the state functions look their components up in;
+ * an unknown component, a count outside 0..250 or a missing argument gives
+ * -8888.8 (and errcode 1 in get_p_ and get_t_).
  */
 typedef double (*od_property_fn)(const double *p, const double *t, const int32_t *n,
                                  const char *cmp, const double *cnc, size_t cmp_len);
 
-/* Pressure (Pa) and temperature (K) from an input pair in interface units;
- * errcode as od_prop_'s (2, 4, 5, 7), written only on failure. */
+/*
+ * Pressure (get_p_, Pa) or temperature (get_t_, K) from an input pair.
+ *   inputspec  two-letter input specification, as for od_prop_
+ *   input1, input2  its values in interface units (bar, degrees C, m3/kg,
+ *              kg/m3, kJ/kg, kJ/(kg K))
+ *   n, cmp, cnc     the mixture
+ *   ierr       in/out: written only on failure, never cleared: 1 unknown
+ *              component (-8888.8), 2 unknown specification (0.0), 4 no
+ *              convergence (0.0), 5 not bracketed (-8888.8), 7 "Th" or "Tu"
+ *              without "H2O(IF)" (get_p_ only, 0.0)
+ */
 double get_p_(const char *inputspec, const double *input1, const double *input2,
               const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,
               size_t inputspec_len, size_t cmp_len);
@@ -131,10 +144,21 @@ double get_t_(const char *inputspec, const double *input1, const double *input2,
               const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,
               size_t inputspec_len, size_t cmp_len);
 
-/* Root x of f(x, fixed) = target (which 1) or f(fixed, x) = target (other
- * which) between *a and *b, which are overwritten. ierr 5 with -8888.8: no
- * sign change between the ends; ierr 4 with 0.0: no convergence in 100
- * iterations. tol bounds the residual at the ends and, halved, the step. */
+/*
+ * Brent's bracketed root finder: the root x of f(x, fixed) = target.
+ *   f        property function; the unknown is its first argument when
+ *            which is 1, its second for any other which
+ *   fixed    the other argument of f
+ *   target   the value f must reach
+ *   a, b     in/out: the bracket ends, overwritten with the iteration's
+ *            points; on success b holds the root
+ *   tol      bounds |f - target| at the two ends and, halved, the step on x
+ *   n, cmp, cnc, cmp_len  handed to f unchanged and not read otherwise
+ *   ierr     in/out: written only on failure, never cleared: 5 with -8888.8
+ *            when the ends give residuals of one sign (a, b unchanged), 4
+ *            with 0.0 after 100 iterations
+ * A missing argument gives -8888.8 and writes nothing.
+ */
 double brent_(od_property_fn f, const int32_t *which, const double *fixed,
               const double *target, double *a, double *b, const double *tol,
               const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,

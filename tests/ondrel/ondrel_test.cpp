@@ -39,13 +39,6 @@ std::array<double, 16> as_array(const on::AllProps& r) {
             r.d2P_dTdv, r.dCv_dT, r.eta, r.lambda};
 }
 
-// Names as a Fortran caller lays them out: texts of one width, blank-padded.
-std::string padded(const Mix& m, std::size_t width) {
-    std::string s;
-    for (const CompName& name : m.names) s += std::string(name.trimmed()).append(width, ' ').substr(0, width);
-    return s;
-}
-
 std::array<double, 16> exported_allprops(const char* spec, double a, double b, int32_t n,
                                          const std::string& names, std::size_t width, const double* conc,
                                          int32_t& err) {
@@ -89,7 +82,7 @@ TEST_F(Ondrel, PropAllpropsAndTheirExportsAgreeOnAllSixteenProperties) {
         int32_t err_export = -1;
         const auto all = as_array(on::od_allprops(c.spec, c.a, c.b, c.m.n(), c.m.names, c.m.conc, err));
         const auto exported =
-            exported_allprops(c.spec, c.a, c.b, c.m.n(), padded(c.m, 8), 8, c.m.conc.data(), err_export);
+            exported_allprops(c.spec, c.a, c.b, c.m.n(), c.m.padded(8), 8, c.m.conc.data(), err_export);
         EXPECT_EQ(err + err_export, 0);
         for (std::size_t k = 0; k < 16; ++k) {
             EXPECT_DOUBLE_EQ(prop(c.spec, c.a, c.b, c.m, property_names[k], err), all[k]) << property_names[k];
@@ -172,7 +165,7 @@ TEST_F(Ondrel, ExportsReadBlankPaddedNamesOfAnyWidthAndCTexts) {
     const double h = prop("PT", p, t, air, "h", err);
     const char c_names[3][16] = {"N2", "O2", "AR"};  // NUL-terminated texts in a generous buffer
     const std::pair<std::string, std::size_t> layouts[] = {
-        {padded(air, 2), 2}, {padded(air, 20), 20}, {std::string(&c_names[0][0], sizeof c_names), 16}};
+        {air.padded(2), 2}, {air.padded(20), 20}, {std::string(&c_names[0][0], sizeof c_names), 16}};
     for (const auto& [names, width] : layouts) {
         int32_t e = -1;
         EXPECT_EQ(od_prop_("PT\0junk", &p, &t, &n, names.data(), air.conc.data(), "h       ", &e, 7, width, 8), h);

@@ -69,6 +69,12 @@ struct TestMixture {
         }
     }
     Mixture view() const { return {names, conc}; }
+    // The names as a Fortran caller lays them out: texts of one width, blank-padded.
+    std::string padded(std::size_t width) const {
+        std::string s;
+        for (const CompName& name : names) s += std::string(name.trimmed()).append(width, ' ').substr(0, width);
+        return s;
+    }
     int n() const { return static_cast<int>(names.size()); }
 };
 
