@@ -26,19 +26,11 @@ constexpr AuxConstants aux{0.8438375405, 5.362162162e-4, 1.72,     0.07342278489
                            0.0497585887, 0.65371543,     1.15e-6,  1.5108e-5,
                            0.14188,      7.002753165,    2.995284926e-4, 0.204};
 
-// Reduced state and reduced properties of the last state given to comt1.
-struct Terms1 {
-    double theta = 0.0, beta = 0.0;
-    double chi = 0.0;      // v / vc
-    double eps = 0.0;      // h / (pc vc)
-    double sigma = 0.0;    // s / (pc vc / Tc)
-    double zeta_tt = 0.0;  // second theta derivative of g / (pc vc)
-};
-
+// The kept state of comt1 and its terms.
 struct Region1State {
     double p_prev = detail::no_state;
     double t_prev = detail::no_state;
-    Terms1 terms;
+    detail::GibbsTerms terms;
 };
 
 Region1State& state() {
@@ -46,10 +38,10 @@ Region1State& state() {
     return s;
 }
 
-Terms1 evaluate(double p, double t) {
+detail::GibbsTerms evaluate(double p, double t) {
     const auto& A = coef_a;
     const AuxConstants& c = aux;
-    Terms1 r;
+    detail::GibbsTerms r;
     const double th = (t + celsius_offset) / crit_tk;
     const double be = p / crit_p;
     r.theta = th;
@@ -136,7 +128,7 @@ Terms1 evaluate(double p, double t) {
     return r;
 }
 
-const Terms1& terms(double p, double t) {
+const detail::GibbsTerms& terms(double p, double t) {
     comt1(p, t);
     return state().terms;
 }
@@ -149,21 +141,11 @@ void comt1(double p, double t) {
     if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
 }
 
-double pws_c1(double p, double t) { return terms(p, t).chi * crit_v; }
-
-double pws_d1(double p, double t) { return terms(p, t).eps * energy_scale; }
-
-double pws_e1(double p, double t) { return terms(p, t).sigma * entropy_scale; }
-
-double pws_f1(double p, double t) {
-    const Terms1& r = terms(p, t);
-    return (r.eps - r.beta * r.chi) * energy_scale;
-}
-
-double pws_h1(double p, double t) {
-    const Terms1& r = terms(p, t);
-    return -r.theta * r.zeta_tt * entropy_scale;
-}
+double pws_c1(double p, double t) { return detail::volume(terms(p, t)); }
+double pws_d1(double p, double t) { return detail::enthalpy(terms(p, t)); }
+double pws_e1(double p, double t) { return detail::entropy(terms(p, t)); }
+double pws_f1(double p, double t) { return detail::internal_energy(terms(p, t)); }
+double pws_h1(double p, double t) { return detail::heat_capacity(terms(p, t)); }
 
 void detail::reset_region1() { state() = Region1State{}; }
 

@@ -42,15 +42,11 @@ constexpr std::array<double, 7> coef_b9{193.6587558,  -1388.522425, 4126.607219,
                                         5745.984054,  -2693.088365, 523.5718623};
 constexpr int max_x_power = 54;
 
-struct Terms2 {
-    double theta = 0.0, beta = 0.0;
-    double chi = 0.0, eps = 0.0, sigma = 0.0, zeta_tt = 0.0;
-};
-
+// The kept state of comt2 and its terms.
 struct Region2State {
     double p_prev = detail::no_state;
     double t_prev = detail::no_state;
-    Terms2 terms;
+    detail::GibbsTerms terms;
 };
 
 Region2State& state() {
@@ -58,9 +54,9 @@ Region2State& state() {
     return s;
 }
 
-Terms2 evaluate(double p, double t) {
+detail::GibbsTerms evaluate(double p, double t) {
     const double b = coef_b;
-    Terms2 r;
+    detail::GibbsTerms r;
     const double th = (t + celsius_offset) / crit_tk;
     const double be = p / crit_p;
     r.theta = th;
@@ -154,7 +150,7 @@ Terms2 evaluate(double p, double t) {
     return r;
 }
 
-const Terms2& terms(double p, double t) {
+const detail::GibbsTerms& terms(double p, double t) {
     comt2(p, t);
     return state().terms;
 }
@@ -167,21 +163,11 @@ void comt2(double p, double t) {
     if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
 }
 
-double pws_c2(double p, double t) { return terms(p, t).chi * crit_v; }
-
-double pws_d2(double p, double t) { return terms(p, t).eps * energy_scale; }
-
-double pws_e2(double p, double t) { return terms(p, t).sigma * entropy_scale; }
-
-double pws_f2(double p, double t) {
-    const Terms2& r = terms(p, t);
-    return (r.eps - r.beta * r.chi) * energy_scale;
-}
-
-double pws_h2(double p, double t) {
-    const Terms2& r = terms(p, t);
-    return -r.theta * r.zeta_tt * entropy_scale;
-}
+double pws_c2(double p, double t) { return detail::volume(terms(p, t)); }
+double pws_d2(double p, double t) { return detail::enthalpy(terms(p, t)); }
+double pws_e2(double p, double t) { return detail::entropy(terms(p, t)); }
+double pws_f2(double p, double t) { return detail::internal_energy(terms(p, t)); }
+double pws_h2(double p, double t) { return detail::heat_capacity(terms(p, t)); }
 
 void detail::reset_region2() { state() = Region2State{}; }
 

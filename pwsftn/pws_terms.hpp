@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "pwsftn/pws_saturation.hpp"
+
 namespace pws::detail {
 
 // Relative widening of the region bounds in the common-term checks.
@@ -26,6 +28,22 @@ struct StateCheck {
 // current-state record and reports each quantity outside its range widened
 // by the bound factors, and returns true (the terms are to be evaluated).
 bool enter_state(const StateCheck& check, double a, double b, double& a_prev, double& b_prev);
+
+// Reduced state and properties of a state of sub-region 1 or region 2, both
+// given by a characteristic Gibbs equation.
+struct GibbsTerms {
+    double theta = 0.0, beta = 0.0;  // T / Tc, p / pc
+    double chi = 0.0;                // v / vc
+    double eps = 0.0;                // h / (pc vc)
+    double sigma = 0.0;              // s / (pc vc / Tc)
+    double zeta_tt = 0.0;            // second theta derivative of g / (pc vc)
+};
+// Their properties: m3/kg, kJ/kg, kJ/(kg K); u = h - p v, cp = -T d2g/dT2.
+inline double volume(const GibbsTerms& r) { return r.chi * crit_v; }
+inline double enthalpy(const GibbsTerms& r) { return r.eps * energy_scale; }
+inline double entropy(const GibbsTerms& r) { return r.sigma * entropy_scale; }
+inline double internal_energy(const GibbsTerms& r) { return (r.eps - r.beta * r.chi) * energy_scale; }
+inline double heat_capacity(const GibbsTerms& r) { return -r.theta * r.zeta_tt * entropy_scale; }
 
 // Forget the kept states of comt1, comt2, comt3 (test hook helpers).
 void reset_region1();
