@@ -45,7 +45,7 @@ double component_viscosity(double t, const fluiddata::TableRow* row) {
     if (eps == 0.0 || sigma == 0.0) return 0.0;
     const double ts = t / eps;
     const double omega = omega_a / std::pow(ts, omega_b) + omega_c / std::exp(omega_d * ts) + omega_e / std::exp(omega_f * ts);
-    return chapman_enskog * std::sqrt(t * m) / (omega * sigma * sigma);
+    return chapman_enskog * std::sqrt(t * m) / (omega * (sigma * sigma));  // sigma squared first, then times omega
 }
 
 // lambda of one component: the Eucken term on eta, with cv of the component
