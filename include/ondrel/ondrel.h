@@ -154,6 +154,8 @@ double get_t_(const char *inputspec, const double *input1, const double *input2,
  *            points; on success b holds the root
  *   tol      bounds |f - target| at the two ends and, halved, the step on x
  *   n, cmp, cnc, cmp_len  handed to f unchanged and not read otherwise
+ *            (od_thermo.h's functions look the names up in the stored
+ *            composition: store the mixture first, e.g. by get_p_)
  *   ierr     in/out: written only on failure, never cleared: 5 with -8888.8
  *            when the ends give residuals of one sign (a, b unchanged), 4
  *            with 0.0 after 100 iterations
