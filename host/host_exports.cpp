@@ -17,7 +17,8 @@ constexpr std::size_t record_width = 255;
 // A text in a blank-padded buffer of the 256 characters a host routine may declare.
 std::array<char, od::host::text_width> padded(std::string_view text) {
     std::array<char, od::host::text_width> buffer;
-    ftn::store(buffer.data(), buffer.size(), text);
+    buffer.fill(' ');
+    if (!text.empty()) ftn::store(buffer.data(), buffer.size(), text);  // an empty view may have no data
     return buffer;
 }
 
