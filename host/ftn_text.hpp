@@ -31,7 +31,7 @@ inline std::string_view trimmed(const char* text, std::size_t len) { return trim
 inline void store(char* dst, std::size_t len, std::string_view src) {
     if (dst == nullptr) return;
     const std::size_t n = std::min(len, src.size());
-    std::memcpy(dst, src.data(), n);
+    if (n > 0) std::memcpy(dst, src.data(), n);
     std::memset(dst + n, ' ', len - n);
 }
 
