@@ -89,8 +89,10 @@ double psl1(double t) {
     }
     const Exponent e = saturation_exponent(t);
     const double ps = crit_p * std::exp(e.value);
-    // Intended: the slope is scaled by 80.3334, not by Tc; it is about eight
-    // times dps/dT in bar/K and the damped iteration of pws_tp lives with it.
+    // Intended: the slope is scaled by 80.3334, not by Tc: about eight times
+    // dps/dT in bar/K, so the Newton steps of pws_tp are about eight times too
+    // short. It carries the sign of dps/dT (minus the derivative in u), the
+    // sign under which the step t + (p - ps) / slope moves towards the root.
     state().slope = ps / slope_scale * -e.d_du;
     return ps;
 }

@@ -68,7 +68,9 @@ double psl1(double t);
 // the saturation exponent with respect to 1 - T/Tc (psi per degree F scale).
 double psl1_slope();
 // Saturation temperature (C) at p (bar) by damped Newton steps; above 221.2 bar
-// reports code 1 and returns 0.
+// reports code 1 and returns 0; not converged after 30 updates (the rule above
+// 186.1581 bar, where the tolerance tightens), reports code -1 and returns the
+// last iterate.
 double pws_tp(double p);
 
 // IFC-67 L function (region-2/3 boundary): L0, L1, L2 and the derivative

@@ -26,9 +26,9 @@ TEST_F(PwsEquations, SaturationLineReproducesCheckValuesBothWays) {
         EXPECT_NEAR(pws::pws_it(p), t, 1e-7);
         const int before = errors();
         EXPECT_NEAR(pws::pws_tp(p), t, 0.01);  // Newton residual tolerance 1e-4 up to 186.1581 bar
-        if (p <= 186.1581) {
-            EXPECT_EQ(errors(), before);
-        }
+        // Above 186.1581 bar the tighter tolerances are not met within 30 updates
+        // of the scaled slope: one "Non converg." report, the last iterate kept.
+        EXPECT_EQ(errors(), before + (p > 186.1581 && p < 221.2 ? 1 : 0));
     }
 }
 
