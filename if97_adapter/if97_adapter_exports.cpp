@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "fluiddata/od_types.hpp"
 #include "host/ftn_text.hpp"
 #include "if97/if97.h"
 #include "if97_adapter/if97_qv.hpp"
@@ -17,8 +18,9 @@ namespace {
 
 namespace qv = od::if97_qv;
 
-// Largest list length taken from the caller's count in if97_getfluid_.
-constexpr std::int32_t max_list_entries = 250;
+// Largest list length taken from the caller's count in if97_getfluid_: the
+// host's largest mixture.
+constexpr std::int32_t max_list_entries = od::max_components;
 
 // A missing input value reads as NaN, which the IF97 library refuses with a
 // message, so that no state is computed from a value the caller never gave.
