@@ -83,12 +83,17 @@ double pws_pt_(const double* t);
  * (saturation pressure / 80.3334 times minus the derivative of the exponent
  * with respect to 1 - T/647.3 K). */
 double psl1_(const double* t);
+/* The slope kept by the last psl1_ evaluation (0 before the first). */
 double psl1_slope_(void);
-/* Saturation temperature (C) at p (bar). Above 221.2 bar: error code 1,
- * returns 0; no convergence in 30 steps: error code -1, last iterate. */
+/* Saturation temperature (C) at p (bar) by damped Newton steps with the slope
+ * of psl1_. Above 221.2 bar: error code 1, returns 0; no convergence in 30
+ * updates (the usual case above 186.1581 bar, where the tolerance tightens):
+ * error code -1, last iterate. */
 double pws_tp_(const double* p);
 /* Common terms of sub-region 1 and region 2 at (p, t), region 3 at (v, t):
- * bound checks (codes 12 for p, t; 42 for v, t), kept for the next call. */
+ * bound checks (codes 12 for p, t; 42 for v, t; each bound widened by a
+ * relative 1e-5), kept for the next call; a call with the kept state (the
+ * same values bit for bit, no NaN) neither checks nor evaluates again. */
 void comt1_(const double* p, const double* t);
 void comt2_(const double* p, const double* t);
 void comt3_(const double* v, const double* t);
@@ -125,14 +130,19 @@ typedef double (*pws_func3)(const double*, const double*, const double*);
  * relative tolerance *eps; after 40 steps writes the PWS_I1 warning, returns 0. */
 double pws_i1_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps);
-/* Solves f(x, fixed) = target (e.g. region-3 volume from pressure); 40 steps at most. */
+/* Solves f(x, fixed) = target (e.g. region-3 volume from pressure), starting
+ * values *a, *b (overwritten): a bracketing pair is narrowed by regula falsi
+ * with halving (the midpoint after 40 steps), otherwise up to 40 secant steps
+ * (the last one is returned); no warning. */
 double pws_i2_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps);
-/* As pws_i2_ (bracketed only) with f(x, fixed, eps). */
+/* As the bracketed pws_i2_, with f(x, fixed, eps); returns the last
+ * regula-falsi estimate after 40 steps. */
 double pws_i3_(pws_func3 f, const double* fixed, const double* target, double* a, double* b,
                const double* eps);
-/* Saturation temperature (C) at p (bar) by bracketing; outside 0.006112444 to
- * 221.2 bar: error code 1, evaluated all the same. */
+/* Saturation temperature (C) at p (bar) by bracketing on [0.01, 374.15] C;
+ * outside 0.006112444 to 221.2 bar: error code 1, evaluated all the same; a
+ * trial above 374.15 C: error code 2, not evaluated. */
 double pws_it_(const double* p);
 /* Finds (x, y) with f2(x, y) = target2 and f1(x, y) = target1, x in
  * [*xa, *xb], y in [*ya, *yb]; returns *xa = *xb = x and *ya = *yb = y.
