@@ -152,6 +152,8 @@ double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double
 
 double pws_i2(Func2 f, double fixed, double target, double& a, double& b, double eps) {
     auto g = [&](double x) { return f(x, fixed) - target; };
+    // Intended: a starting value is accepted on equality with the tolerance,
+    // a trial inside the loop only below it.
     return solve_i2(g, a, b, std::fabs(target * eps), eps, false, true, false);
 }
 

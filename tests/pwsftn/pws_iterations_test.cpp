@@ -44,6 +44,9 @@ TEST_F(PwsIterations, VolumeIterationsRecoverRegionThreeVolumes) {
     EXPECT_EQ(pws::pws_i2(pws::pws_a3, 400.0, p, a, b, 1e-8), v);
     a = 0.004, b = v;
     EXPECT_EQ(pws::pws_i2(pws::pws_a3, 400.0, p, a, b, 1e-8), v);
+    a = 0.2, b = 1.0, evaluations = 0;  // target 0: |fa| equals the tolerance 0 and is accepted
+    EXPECT_EQ(pws::pws_i2([](double x, double y) { return step(x, y) + 1.0; }, 0.0, 0.0, a, b, 1e-8), 0.2);
+    EXPECT_EQ(evaluations, 1);
 }
 
 TEST_F(PwsIterations, OneDimensionalAndTwoLevelIterationsSolveQuietly) {
