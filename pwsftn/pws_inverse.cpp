@@ -499,6 +499,9 @@ double outer_solve(Func3 f, double fixed, double target, double a, double b, dou
     if (std::fabs(fa) < tol) return a;
     double s = b;
     for (int step = 0; step < max_steps; ++step) {
+        // Equal residuals at both ends (a bracket whose probes all fall at the
+        // same clamped state) leave no secant point: the midpoint is taken
+        // instead of a division by zero.
         if (std::fabs(b) * eps > std::fabs(b - a) || fb == fa) return (a + b) * 0.5;
         s = b - (b - a) * fb / (fb - fa);
         const double fs = f(s, fixed, eps) - target;
