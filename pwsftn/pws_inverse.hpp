@@ -80,7 +80,8 @@ double pws_ut(double t, double s, double eps);  // internal energy (kJ/kg) of th
 // Saturated liquid and vapour volumes (m3/kg) of region 3 at t (C) and the
 // saturation pressure ps (bar): the two region-3 roots of p(v, t) = ps, found
 // by pws_i2 from the starting pairs (min(6.0E-5 t - 0.01899, 0.00317),
-// 0.00174) and (max(0.08611 - 0.000222 t, 0.00317), 0.008799105448).
+// 0.00174) and (max(0.08611 - 0.000222 t, 0.00317), 0.008799105448). Above
+// about 373.1 C the vapour volume is the middle root that pair leads to.
 struct SaturatedVolumes {
     double liquid;
     double vapour;
