@@ -2,6 +2,7 @@
 // the water-and-steam package.
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 
 #include "host/ftn_text.hpp"
@@ -17,9 +18,10 @@ std::int32_t call(pws::InverseFn fn, double* a, double* b, const double* eps) {
     return fn(*a, *b, *eps);
 }
 
+// A missing argument gives a quiet NaN, as in the other functions of the package.
 double call_aux(double (*fn)(double, double, double), const double* x, const double* fixed,
                 const double* eps) {
-    if (x == nullptr || fixed == nullptr || eps == nullptr) return 0.0;
+    if (x == nullptr || fixed == nullptr || eps == nullptr) return std::numeric_limits<double>::quiet_NaN();
     return fn(*x, *fixed, *eps);
 }
 

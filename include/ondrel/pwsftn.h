@@ -201,7 +201,8 @@ int32_t pwsrvu_(double* a, double* b, const double* eps); /* V, U */
 /* One property of the state found by an inner inverse routine, at a varied
  * first quantity and a fixed second one. The inner routine runs with the
  * tolerance min(*eps, 1.0E-8) * 1.0E-4 and writes no range reports (an input
- * out of range is taken at the nearest state inside it).
+ * out of range is taken at the nearest state inside it). A null argument
+ * gives a quiet NaN.
  * pws_hp_, pws_sp_, pws_up_: enthalpy kJ/kg, entropy kJ/(kg K), internal
  * energy kJ/kg of the state (p bar, v m3/kg) by pwsrpv_; pws_ht_, pws_ut_:
  * enthalpy, internal energy of the state (t C, s kJ/(kg K)) by pwsrts_. */

@@ -57,6 +57,7 @@ TEST_F(PwsExports, RoutinesTakeTheirArgumentsByReferenceInTheirOrder) {
     EXPECT_EQ(b, cb);
     EXPECT_EQ(pws_hp_(&a, &b, &eps), pws::pws_hp(a, b, eps));
     EXPECT_EQ(pwsrpt_(nullptr, &b, &eps), 0);  // a missing argument places no state
+    EXPECT_TRUE(std::isnan(pws_ut_(&a, &b, nullptr)));
 }
 
 TEST_F(PwsExports, IterationsCallHostProcedures) {
