@@ -732,6 +732,9 @@ std::int32_t pwsrpv(double& a, double& b, double eps) {
 std::int32_t pwsrpx(double& a, double& b, double eps) {
     (void)eps;
     if (!finite(a, b)) return ireg_not_placed;
+    // The saturation temperature by bracketing on the saturation equation
+    // (residual 1e-12 of the pressure); the Newton form pws_tp stops at a
+    // residual of 1e-4 below 186 bar.
     const double ts = pws_it(a);
     a = b;
     b = ts;
