@@ -111,6 +111,15 @@ double widened_lo(double lo) { return lo * (1.0 - bound_widening); }
 double widened_hi(double hi) { return hi * (1.0 + bound_widening); }
 bool outside(double x, double lo, double hi) { return x < widened_lo(lo) || x > widened_hi(hi); }
 
+// The input x brought into [lo, hi]: a value outside is reported with the
+// second input z (unless the caller is a quiet probe) and taken at the
+// nearest end of the range.
+double into_range(std::string_view name, std::int32_t code, double x, double z, double lo,
+                  double hi, bool report) {
+    if (report && outside(x, lo, hi)) pwser(name, code, x, z);
+    return std::clamp(x, lo, hi);
+}
+
 std::string report_value(double x, int scale) {
     return fortran_e(x, report_width, report_digits, scale);
 }
@@ -318,12 +327,8 @@ template <Prop Q>
 std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, double& b,
                            double eps, bool report = true) {
     if (!finite(a, b)) return ireg_not_placed;
-    double p = a;
     const double z = b;
-    if (outside(p, p_min, p_max) && report) {
-        pwser(name, code, p, z);
-    }
-    p = std::clamp(p, p_min, p_max);
+    const double p = into_range(name, code, a, z, p_min, p_max, report);
     const Line line = isobar<Q>(p, z, eps);
     const Piece& first = line.piece[0];
     const Piece& last = line.piece[line.n - 1];
@@ -426,12 +431,8 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
                              std::string_view z_label, double& a, double& b, double eps,
                              bool report = true) {
     if (!finite(a, b)) return ireg_not_placed;
-    double t = b;
     const double z = a;
-    if (outside(t, t_sub1_min, t2_max) && report) {
-        pwser(name, code, t, z);
-    }
-    t = std::clamp(t, t_sub1_min, t2_max);
+    const double t = into_range(name, code, b, z, t_sub1_min, t2_max, report);
     const Line line = isotherm<Q>(t, z, eps);
     for (std::size_t k = 0; k < line.n; ++k) {
         const Piece& c = line.piece[k];
