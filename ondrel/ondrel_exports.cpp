@@ -7,7 +7,7 @@
 #include "host/ftn_text.hpp"
 #include "ondrel/ondrel.h"
 #include "ondrel/ondrel_core.hpp"
-#include "solver/host_mixture.hpp"
+#include "host/host_mixture.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 
 #include "ondrel/ondrel.h"
-#include "solver/host_mixture.hpp"
+#include "host/host_mixture.hpp"
 #include "solver/od_solver.hpp"
 
 namespace {

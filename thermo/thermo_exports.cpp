@@ -4,9 +4,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 
 #include "host/ftn_text.hpp"
+#include "host/host_mixture.hpp"
 #include "ondrel/od_thermo.h"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_derivative.hpp"
@@ -36,35 +36,16 @@ bool given(const T*... p) {
     return ((p != nullptr) && ...);
 }
 
-// The caller's mixture as names and a view; nullopt for a missing count, a
-// count above 250 or missing lists. A count below 1 is the empty mixture.
-class MixtureArgs {
-public:
-    MixtureArgs(const std::int32_t* n, const char* names, const double* conc, std::size_t len) {
-        if (n == nullptr || *n > od::max_components) return;
-        // Intended: a negative count is an empty mixture, as a count of 0.
-        const std::int32_t k = std::max<std::int32_t>(*n, 0);
-        if (k > 0 && (names == nullptr || conc == nullptr)) return;
-        for (std::int32_t i = 0; i < k; ++i) names_[i] = name_of(names + static_cast<std::size_t>(i) * len, len);
-        mix_ = Mixture{std::span<const CompName>(names_.data(), static_cast<std::size_t>(k)),
-                       std::span<const double>(conc, static_cast<std::size_t>(k))};
-    }
-    const std::optional<Mixture>& mix() const { return mix_; }
-
-private:
-    std::array<CompName, od::max_components> names_;
-    std::optional<Mixture> mix_;
-};
-
 // Calls f(mixture), or returns the missing-value marker for a bad mixture or
 // a missing value argument (values_given false).
 template <class F>
 double with_mixture(bool values_given, const std::int32_t* n, const char* names, const double* conc,
                     std::size_t len, F f) {
     if (!values_given) return od::missing_value;
-    const MixtureArgs args(n, names, conc, len);
-    if (!args.mix()) return od::missing_value;
-    return f(*args.mix());
+    // Intended: a negative count is the empty mixture, as a count of 0.
+    const od::HostMixture m = od::host_mixture(n, names, len, conc, od::NegativeCount::empty);
+    if (!m.valid()) return od::missing_value;
+    return f(m.mixture());
 }
 
 // f(values...) of the given values, or the missing-value marker.

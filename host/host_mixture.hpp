@@ -29,12 +29,19 @@ struct HostMixture {
     }
 };
 
+// What a count below 0 means to the caller's routine: a refused mixture (the
+// property requests), or the empty mixture (the state functions, which treat
+// every count below 1 alike).
+enum class NegativeCount { refused, empty };
+
 // names holds ncomp texts of name_len characters each, one after the other.
 inline HostMixture host_mixture(const int* ncomp, const char* names, std::size_t name_len,
-                                const double* conc) {
+                                const double* conc,
+                                NegativeCount negative = NegativeCount::refused) {
     HostMixture m;
-    if (ncomp == nullptr || *ncomp < 0 || *ncomp > max_components) return m;
-    const int n = *ncomp;
+    if (ncomp == nullptr || *ncomp > max_components) return m;
+    if (*ncomp < 0 && negative == NegativeCount::refused) return m;
+    const int n = *ncomp < 0 ? 0 : *ncomp;
     if (n > 0 && (names == nullptr || conc == nullptr)) return m;
     for (int i = 0; i < n; ++i)
         new (&m.slots.items[i])
