@@ -5,25 +5,11 @@
 #include <array>
 #include <string>
 
-#include "fluiddata/od_fluiddata.hpp"
+#include "bench/flue_gas.hpp"
 #include "thermo/od_thermodyn.hpp"
 #include "thermo/od_transport.hpp"
 
 namespace {
-
-using od::CompName;
-
-struct FlueGas {
-    std::array<CompName, 5> names;
-    std::array<double, 5> conc{0.72, 0.12, 0.09, 0.06, 0.01};
-    explicit FlueGas(const char* water) {
-        const std::array<const char*, 5> text{"N2", "CO2", water, "O2", "AR"};
-        for (std::size_t i = 0; i < text.size(); ++i) names[i] = CompName::from(text[i]);
-        if (!od::fluiddata::dbread()) od::fluiddata::readgas();
-        od::fluiddata::storeidx(names);
-    }
-    od::Mixture mix() const { return {names, conc}; }
-};
 
 constexpr double bar = 1e5;
 constexpr double t_hot = 1200.0;       // K, dry flue gas
