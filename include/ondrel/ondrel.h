@@ -133,7 +133,7 @@ typedef double (*od_property_fn)(const double *p, const double *t, const int32_t
  *              kg/m3, kJ/kg, kJ/(kg K))
  *   n, cmp, cnc     the mixture
  *   ierr       in/out: written only on failure, never cleared: 1 unknown
- *              component (-8888.8), 2 unknown specification (0.0), 4 no
+ *              component (-8888.8), 2 unknown input specification (0.0), 4 no
  *              convergence (0.0), 5 not bracketed (-8888.8), 7 "Th" or "Tu"
  *              without "H2O(IF)" (get_p_ only, 0.0)
  */

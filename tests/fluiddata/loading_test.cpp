@@ -76,7 +76,7 @@ TEST_P(GasFileEdits, ReadWithTheFixedColumnLayout) {
     for (const auto& line : lines) text += line + "\n";
     if (e[0] == "record") {
         od::host::set_hooks({}, [&](auto, auto) { return od::host::FluidRecord{lines, std::stoi(e[3])}; });
-        fd::readgasdb("/unused/", "Ondrel.Dat");
+        fd::readgasdb("unused/", "Ondrel.Dat");
     } else {
         load_text(e[0] == "end" ? text.substr(0, text.size() - 1) : text);
     }

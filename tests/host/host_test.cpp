@@ -15,7 +15,7 @@ namespace {
 TEST_F(Host, FluidpathAndGasSourceComeFromTheEnvironment) {
     const std::string long_dir = "/" + std::string(400, 'd');
     for (const auto& [value, want] : std::vector<std::pair<std::optional<std::string>, std::string>>{
-             {"/some/dir/", "/some/dir/"}, {"/some/dir", "/some/dir/"}, {std::nullopt, ONDREL_DATA_DIR},
+             {"some/dir/", "some/dir/"}, {"some/dir", "some/dir/"}, {std::nullopt, ONDREL_DATA_DIR},
              {"", ONDREL_DATA_DIR}, {long_dir, long_dir.substr(0, 256)}}) {
         env("ONDREL_FLUIDPATH", value);
         EXPECT_EQ(host::fluidpath("Ondrel"), want) << value.value_or("(unset)");
@@ -58,12 +58,12 @@ TEST_F(Host, ImportRefusesRecordsBeyond255LinesOf255CharactersAndReplacesByName)
 }
 
 TEST_F(Host, ExportsFillTheCallersFixedWidthBuffers) {
-    env("ONDREL_FLUIDPATH", "/data");
+    env("ONDREL_FLUIDPATH", "data");
     std::string buf(12, '#');
     fluidpath_(buf.data(), "Ondrel", buf.size(), 6);
-    EXPECT_EQ(buf, "/data/      ");
+    EXPECT_EQ(buf, "data/       ");
     fluidpath_(buf.data(), "Ondrel", 3, 6);
-    EXPECT_EQ(buf, "/data/      ");
+    EXPECT_EQ(buf, "data/       ");
     ASSERT_EQ(db::import_record(file("fluids.db"), "Ondrel.Dat", "abc\nde\n"), "");
     const std::string directory = dir() + "   ";
     std::string lines(255 * 10, '#');
@@ -112,8 +112,8 @@ TEST_F(Host, RegisteredHostFunctionsServeTheLoaderUntilNullRestoresTheBuiltInOne
     EXPECT_EQ(iscomp_("CO", 2), 0);  // the file in the host's blank-padded directory has N2 only
     EXPECT_EQ(iscomp_("N2", 2), 1);
     ondrel_set_host_functions_(nullptr, nullptr);
-    env("ONDREL_FLUIDPATH", "/elsewhere");
-    EXPECT_EQ(host::fluidpath("Ondrel"), "/elsewhere/");
+    env("ONDREL_FLUIDPATH", "elsewhere");
+    EXPECT_EQ(host::fluidpath("Ondrel"), "elsewhere/");
     EXPECT_EQ(host::getfluid(dir(), "Ondrel.Dat").status, 0);
 }
 
