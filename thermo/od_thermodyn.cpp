@@ -19,9 +19,9 @@ const CompName water_if = CompName::from("H2O(IF)");
 
 bool is_water_if(const CompName& name) { return name == water_if; }
 
-// Moles of gas phase per mole of mixture before the zero guard: the sum of the
-// gas-phase concentrations, reduced when the condensing water exceeds saturation.
-double gas_fraction_raw(double p, double t, const Mixture& mix) {
+// Moles of gas phase per mole of mixture: the sum of the gas-phase
+// concentrations, reduced when the condensing water exceeds saturation.
+double gas_fraction(double p, double t, const Mixture& mix) {
     double g = 0.0;
     for (int i = 0; i < mix.n(); ++i)
         if (fluiddata::getphase(mix.names[i]) == 'G') g += mix.conc[i];
@@ -34,12 +34,6 @@ double gas_fraction_raw(double p, double t, const Mixture& mix) {
         if (basefuncs::isnotinit(psat) && y * p > psat && psat != p) g = g * (1.0 - y / g) / (1.0 - psat / p);
         break;
     }
-    return g;
-}
-
-// The gas fraction as a divisor.
-double gas_fraction(double p, double t, const Mixture& mix) {
-    const double g = gas_fraction_raw(p, t, mix);
     // Intended: a mixture without gas-phase components divides by 1.
     return g == 0.0 ? 1.0 : g;
 }
@@ -50,13 +44,15 @@ struct Sums {
     double m = 0.0;  // molar mass, kg/mol
 };
 
+using Row = const fluiddata::TableRow*;
+
 // Each component's row is looked up once; term(name, row, c) gives its per-mole value.
 template <class Term>
 Sums mixture_sum(const Mixture& mix, Term term) {
     Sums s;
     for (int i = 0; i < mix.n(); ++i) {
         const CompName& name = mix.names[i];
-        const fluiddata::TableRow* row = component::row_of(name);
+        const Row row = component::row_of(name);
         const double c = mix.conc[i];
         if (c > negligible) s.x += c * term(name, row, c);
         s.m += c * component::mmol(row);
@@ -64,35 +60,16 @@ Sums mixture_sum(const Mixture& mix, Term term) {
     return s;
 }
 
-using Row = const fluiddata::TableRow*;
+}  // namespace
 
-// The gas fraction is formed afresh at every "H2O(IF)" entry; it is the same each time.
-double h_sum(double p, double t, const Mixture& mix, double& m) {
+double h_pt(double p, double t, const Mixture& mix) {
+    // The gas fraction is formed afresh at every "H2O(IF)" entry; it is the same each time.
     const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
         if (is_water_if(name)) return h2o::h_h2o(c / gas_fraction(p, t, mix), p, t);
         return component::h_of(component::coefs(row, t), t);
     });
-    m = s.m;
-    return s.x;
-}
-
-double v_sum(double p, double t, const Mixture& mix, double& m) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, Row, double c) {
-        if (is_water_if(name)) return h2o::v_h2o(c / gas_fraction(p, t, mix), p, t);
-        if (fluiddata::getphase(name) == 'G') return basefuncs::v_0(p, t);
-        return basefuncs::v_sl(name);
-    });
-    m = s.m;
-    return s.x;
-}
-
-}  // namespace
-
-double h_pt(double p, double t, const Mixture& mix) {
-    double m;
-    const double h = h_sum(p, t, mix, m);
-    if (!(m > 0.0)) return 0.0;
-    return h * r_gas / m;
+    if (!(s.m > 0.0)) return 0.0;
+    return s.x * r_gas / s.m;
 }
 
 double s_pt(double p, double t, const Mixture& mix) {
@@ -122,10 +99,13 @@ double cv_pt(double p, double t, const Mixture& mix) {
 }
 
 double v_pt(double p, double t, const Mixture& mix) {
-    double m;
-    const double v = v_sum(p, t, mix, m);
-    if (!(m > 0.0)) return 0.0;
-    return v / m;
+    const Sums s = mixture_sum(mix, [&](const CompName& name, Row, double c) {
+        if (is_water_if(name)) return h2o::v_h2o(c / gas_fraction(p, t, mix), p, t);
+        if (fluiddata::getphase(name) == 'G') return basefuncs::v_0(p, t);
+        return basefuncs::v_sl(name);
+    });
+    if (!(s.m > 0.0)) return 0.0;
+    return s.x / s.m;
 }
 
 double u_pt(double p, double t, const Mixture& mix) {
@@ -134,9 +114,6 @@ double u_pt(double p, double t, const Mixture& mix) {
     return h - v * p;
 }
 
-double x_gas(double p, double t, const Mixture& mix) {
-    const double g = gas_fraction_raw(p, t, mix);
-    return g == 0.0 ? 1.0 : g;
-}
+double x_gas(double p, double t, const Mixture& mix) { return gas_fraction(p, t, mix); }
 
 }  // namespace od::thermodyn
