@@ -9,7 +9,7 @@
 #include "fluiddata/od_fluiddata.hpp"
 #include "host/ftn_text.hpp"
 #include "solver/od_solver.hpp"
-#include "solver/od_units.hpp"
+#include "thermo/od_units.hpp"
 #include "thermo/od_derivative.hpp"
 #include "thermo/od_mixinfo.hpp"
 #include "thermo/od_thermodyn.hpp"

@@ -3,7 +3,7 @@
 #include "solver/od_solver.hpp"
 
 #include "fluiddata/od_fluiddata.hpp"
-#include "solver/od_units.hpp"
+#include "thermo/od_units.hpp"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_mixinfo.hpp"
 #include "thermo/od_thermodyn.hpp"

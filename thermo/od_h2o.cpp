@@ -10,16 +10,17 @@
 #include "fluiddata/od_fluiddata.hpp"
 #include "if97_adapter/if97_qv.hpp"
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_units.hpp"
 
 namespace od::h2o {
 namespace {
 
 using basefuncs::isnotinit;
 using basefuncs::r_gas;
+using units::bar_to_pa;
+using units::celsius_offset;
+using units::kj_to_j;
 
-inline constexpr double bar_to_pa = 100000.0;
-inline constexpr double celsius_offset = 273.15;
-inline constexpr double kj_to_j = 1000.0;
 inline constexpr double t_triple = 273.16;       // K
 inline constexpr double p_triple = 611.657;      // Pa, lower clip of a first pressure input
 inline constexpr double t_crit = 647.096;        // K, no saturation above
