@@ -29,154 +29,128 @@ void expect_digits(double actual, const Row& row, const std::string& column) {
     class Suite : public RowTest {};                                                   \
     INSTANTIATE_TEST_SUITE_P(Rows, Suite, ::testing::ValuesIn(read_rows("if97_backward", file)))
 
+using Fn1 = std::function<double(double)>;
 using Fn2 = std::function<double(double, double)>;
+using Named = std::map<std::string, Fn2>;
+
+// Expects f of the row's input column(s) to reproduce its column `out`.
+void expect_fn(const Row& r, const Fn1& f, const std::string& in, const std::string& out) {
+    expect_digits(f(r.value(in)), r, out);
+}
+void expect_fn(const Row& r, const Fn2& f, const std::string& a, const std::string& b,
+               const std::string& out) {
+    expect_digits(f(r.value(a), r.value(b)), r, out);
+}
+
+// Expects both the equation of the sub-region the row names and the
+// function that chooses the sub-region itself to reproduce column `out`.
+void expect_named_and_chosen(const Row& r, const Named& named, const Fn2& chosen,
+                             const std::string& a, const std::string& b, const std::string& out) {
+    expect_fn(r, named.at(r.text("subregion")), a, b, out);
+    expect_fn(r, chosen, a, b, out);
+}
 
 BACKWARD_TABLE(Region1Tph, "if97_region1_T_ph.csv");
 TEST_P(Region1Tph, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::t_ph_region1(r.value("p_MPa"), r.value("h_kJ_per_kg")), r, "T_K");
+    expect_fn(GetParam(), bw::t_ph_region1, "p_MPa", "h_kJ_per_kg", "T_K");
 }
 
 BACKWARD_TABLE(Region1Tps, "if97_region1_T_ps.csv");
 TEST_P(Region1Tps, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::t_ps_region1(r.value("p_MPa"), r.value("s_kJ_per_kgK")), r, "T_K");
+    expect_fn(GetParam(), bw::t_ps_region1, "p_MPa", "s_kJ_per_kgK", "T_K");
 }
 
 BACKWARD_TABLE(B2bc, "if97_b2bc_ph.csv");
 TEST_P(B2bc, ReproducesCheckValueInBothDirections) {
-    const Row& r = GetParam();
-    expect_digits(bw::p_b2bc_h(r.value("h_kJ_per_kg")), r, "p_MPa");
-    expect_digits(bw::h_b2bc_p(r.value("p_MPa")), r, "h_kJ_per_kg");
+    expect_fn(GetParam(), bw::p_b2bc_h, "h_kJ_per_kg", "p_MPa");
+    expect_fn(GetParam(), bw::h_b2bc_p, "p_MPa", "h_kJ_per_kg");
 }
 
 BACKWARD_TABLE(Region2Tph, "if97_region2_T_ph.csv");
 TEST_P(Region2Tph, ReproducesCheckValueWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const std::map<std::string, Fn2> named{
-        {"2a", bw::t_ph_region2a}, {"2b", bw::t_ph_region2b}, {"2c", bw::t_ph_region2c}};
-    const double p = r.value("p_MPa");
-    const double h = r.value("h_kJ_per_kg");
-    expect_digits(named.at(r.text("subregion"))(p, h), r, "T_K");
-    expect_digits(bw::t_ph_region2(p, h), r, "T_K");
+    const Named named{{"2a", bw::t_ph_region2a}, {"2b", bw::t_ph_region2b}, {"2c", bw::t_ph_region2c}};
+    expect_named_and_chosen(GetParam(), named, bw::t_ph_region2, "p_MPa", "h_kJ_per_kg", "T_K");
 }
 
 BACKWARD_TABLE(Region2Tps, "if97_region2_T_ps.csv");
 TEST_P(Region2Tps, ReproducesCheckValueWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const std::map<std::string, Fn2> named{
-        {"2a", bw::t_ps_region2a}, {"2b", bw::t_ps_region2b}, {"2c", bw::t_ps_region2c}};
-    const double p = r.value("p_MPa");
-    const double s = r.value("s_kJ_per_kgK");
-    expect_digits(named.at(r.text("subregion"))(p, s), r, "T_K");
-    expect_digits(bw::t_ps_region2(p, s), r, "T_K");
+    const Named named{{"2a", bw::t_ps_region2a}, {"2b", bw::t_ps_region2b}, {"2c", bw::t_ps_region2c}};
+    expect_named_and_chosen(GetParam(), named, bw::t_ps_region2, "p_MPa", "s_kJ_per_kgK", "T_K");
 }
 
 BACKWARD_TABLE(Region1Phs, "supp_phs12_region1_p_hs.csv");
 TEST_P(Region1Phs, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::p_hs_region1(r.value("h_kJ_per_kg"), r.value("s_kJ_per_kgK")), r, "p_MPa");
+    expect_fn(GetParam(), bw::p_hs_region1, "h_kJ_per_kg", "s_kJ_per_kgK", "p_MPa");
 }
 
 BACKWARD_TABLE(Region2Phs, "supp_phs12_region2_p_hs.csv");
 TEST_P(Region2Phs, ReproducesCheckValueWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const std::map<std::string, Fn2> named{
-        {"2a", bw::p_hs_region2a}, {"2b", bw::p_hs_region2b}, {"2c", bw::p_hs_region2c}};
-    const double h = r.value("h_kJ_per_kg");
-    const double s = r.value("s_kJ_per_kgK");
-    expect_digits(named.at(r.text("subregion"))(h, s), r, "p_MPa");
-    expect_digits(bw::p_hs_region2(h, s), r, "p_MPa");
+    const Named named{{"2a", bw::p_hs_region2a}, {"2b", bw::p_hs_region2b}, {"2c", bw::p_hs_region2c}};
+    expect_named_and_chosen(GetParam(), named, bw::p_hs_region2, "h_kJ_per_kg", "s_kJ_per_kgK", "p_MPa");
 }
 
 BACKWARD_TABLE(H2ab, "supp_phs12_h2ab_s.csv");
-TEST_P(H2ab, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::h_2ab_s(r.value("s_kJ_per_kgK")), r, "h_kJ_per_kg");
-}
+TEST_P(H2ab, ReproducesCheckValue) { expect_fn(GetParam(), bw::h_2ab_s, "s_kJ_per_kgK", "h_kJ_per_kg"); }
 
 BACKWARD_TABLE(Region3Tvph, "supp_tv3_region3_Tv_ph.csv");
 TEST_P(Region3Tvph, ReproducesCheckValuesWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const bool a = r.text("subregion") == "3a";
-    const double p = r.value("p_MPa");
-    const double h = r.value("h_kJ_per_kg");
-    expect_digits(a ? bw::t_ph_region3a(p, h) : bw::t_ph_region3b(p, h), r, "T_K");
-    expect_digits(a ? bw::v_ph_region3a(p, h) : bw::v_ph_region3b(p, h), r, "v_m3_per_kg");
-    expect_digits(bw::t_ph_region3(p, h), r, "T_K");
-    expect_digits(bw::v_ph_region3(p, h), r, "v_m3_per_kg");
+    const Named t{{"3a", bw::t_ph_region3a}, {"3b", bw::t_ph_region3b}};
+    const Named v{{"3a", bw::v_ph_region3a}, {"3b", bw::v_ph_region3b}};
+    expect_named_and_chosen(GetParam(), t, bw::t_ph_region3, "p_MPa", "h_kJ_per_kg", "T_K");
+    expect_named_and_chosen(GetParam(), v, bw::v_ph_region3, "p_MPa", "h_kJ_per_kg", "v_m3_per_kg");
 }
 
 BACKWARD_TABLE(Region3Tvps, "supp_tv3_region3_Tv_ps.csv");
 TEST_P(Region3Tvps, ReproducesCheckValuesWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const bool a = r.text("subregion") == "3a";
-    const double p = r.value("p_MPa");
-    const double s = r.value("s_kJ_per_kgK");
-    expect_digits(a ? bw::t_ps_region3a(p, s) : bw::t_ps_region3b(p, s), r, "T_K");
-    expect_digits(a ? bw::v_ps_region3a(p, s) : bw::v_ps_region3b(p, s), r, "v_m3_per_kg");
-    expect_digits(bw::t_ps_region3(p, s), r, "T_K");
-    expect_digits(bw::v_ps_region3(p, s), r, "v_m3_per_kg");
+    const Named t{{"3a", bw::t_ps_region3a}, {"3b", bw::t_ps_region3b}};
+    const Named v{{"3a", bw::v_ps_region3a}, {"3b", bw::v_ps_region3b}};
+    expect_named_and_chosen(GetParam(), t, bw::t_ps_region3, "p_MPa", "s_kJ_per_kgK", "T_K");
+    expect_named_and_chosen(GetParam(), v, bw::v_ps_region3, "p_MPa", "s_kJ_per_kgK", "v_m3_per_kg");
 }
 
 BACKWARD_TABLE(H3ab, "supp_tv3_h3ab_p.csv");
-TEST_P(H3ab, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::h_3ab_p(r.value("p_MPa")), r, "h_kJ_per_kg");
-}
+TEST_P(H3ab, ReproducesCheckValue) { expect_fn(GetParam(), bw::h_3ab_p, "p_MPa", "h_kJ_per_kg"); }
 
 BACKWARD_TABLE(P3satH, "supp_tv3_psat_h.csv");
-TEST_P(P3satH, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::p_3sat_h(r.value("h_kJ_per_kg")), r, "psat_MPa");
-}
+TEST_P(P3satH, ReproducesCheckValue) { expect_fn(GetParam(), bw::p_3sat_h, "h_kJ_per_kg", "psat_MPa"); }
 
 BACKWARD_TABLE(P3satS, "supp_tv3_psat_s.csv");
-TEST_P(P3satS, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::p_3sat_s(r.value("s_kJ_per_kgK")), r, "psat_MPa");
-}
+TEST_P(P3satS, ReproducesCheckValue) { expect_fn(GetParam(), bw::p_3sat_s, "s_kJ_per_kgK", "psat_MPa"); }
 
 BACKWARD_TABLE(Region3Phs, "supp_phs3_region3_p_hs.csv");
 TEST_P(Region3Phs, ReproducesCheckValueWithNamedAndChosenSubregion) {
-    const Row& r = GetParam();
-    const double h = r.value("h_kJ_per_kg");
-    const double s = r.value("s_kJ_per_kgK");
-    const bool a = r.text("subregion") == "3a";
-    expect_digits(a ? bw::p_hs_region3a(h, s) : bw::p_hs_region3b(h, s), r, "p_MPa");
-    expect_digits(bw::p_hs_region3(h, s), r, "p_MPa");
+    const Named named{{"3a", bw::p_hs_region3a}, {"3b", bw::p_hs_region3b}};
+    expect_named_and_chosen(GetParam(), named, bw::p_hs_region3, "h_kJ_per_kg", "s_kJ_per_kgK", "p_MPa");
 }
 
 BACKWARD_TABLE(BoundariesHs, "supp_phs3_boundaries_h_s.csv");
 TEST_P(BoundariesHs, ReproducesCheckValue) {
     const Row& r = GetParam();
-    const std::map<std::string, std::function<double(double)>> boundary{
+    const std::map<std::string, Fn1> boundary{
         {"h1_sat_liquid", bw::h_1_liquid_s},       {"h3a_sat_liquid", bw::h_3a_liquid_s},
         {"h2ab_sat_vapour", bw::h_2ab_vapour_s},   {"h2c3b_sat_vapour", bw::h_2c3b_vapour_s},
         {"hB13", bw::h_b13_s}};
-    expect_digits(boundary.at(r.text("boundary"))(r.value("s_kJ_per_kgK")), r, "h_kJ_per_kg");
+    expect_fn(r, boundary.at(r.text("boundary")), "s_kJ_per_kgK", "h_kJ_per_kg");
 }
 
 BACKWARD_TABLE(TB23hs, "supp_phs3_TB23_hs.csv");
 TEST_P(TB23hs, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::t_b23_hs(r.value("h_kJ_per_kg"), r.value("s_kJ_per_kgK")), r, "T_K");
+    expect_fn(GetParam(), bw::t_b23_hs, "h_kJ_per_kg", "s_kJ_per_kgK", "T_K");
 }
 
 BACKWARD_TABLE(TsatHs, "supp_phs3_region4_Tsat_hs.csv");
 TEST_P(TsatHs, ReproducesCheckValue) {
-    const Row& r = GetParam();
-    expect_digits(bw::tsat_hs(r.value("h_kJ_per_kg"), r.value("s_kJ_per_kgK")), r, "Tsat_K");
+    expect_fn(GetParam(), bw::tsat_hs, "h_kJ_per_kg", "s_kJ_per_kgK", "Tsat_K");
 }
 
 BACKWARD_TABLE(Vpt3Boundaries, "supp_vpt3_boundaries_T_p.csv");
 TEST_P(Vpt3Boundaries, ReproducesCheckValue) {
     const Row& r = GetParam();
-    const std::map<std::string, std::function<double(double)>> boundary{
+    const std::map<std::string, Fn1> boundary{
         {"ab", bw::t_3ab_p}, {"cd", bw::t_3cd_p}, {"ef", bw::t_3ef_p}, {"gh", bw::t_3gh_p},
         {"ij", bw::t_3ij_p}, {"jk", bw::t_3jk_p}, {"mn", bw::t_3mn_p}, {"op", bw::t_3op_p},
         {"qu", bw::t_3qu_p}, {"rx", bw::t_3rx_p}, {"uv", bw::t_3uv_p}, {"wx", bw::t_3wx_p}};
-    expect_digits(boundary.at(r.text("boundary"))(r.value("p_MPa")), r, "T_K");
+    expect_fn(r, boundary.at(r.text("boundary")), "p_MPa", "T_K");
 }
 
 BACKWARD_TABLE(Vpt3, "supp_vpt3_region3_v_pT.csv");
