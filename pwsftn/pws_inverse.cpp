@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "pwsftn/pws_error.hpp"
+#include "pwsftn/pws_halving.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 
@@ -493,6 +494,8 @@ std::int32_t quiet_ts(double& a, double& b, double eps) {
 // - target on [a, b] by secant steps, each followed by one midpoint evaluation
 // that keeps the bracket shrinking; 40 steps, then the last secant point.
 double outer_solve(Func3 f, double fixed, double target, double a, double b, double eps) {
+    // Residuals of the same sign do not enclose the root; a zero or NaN product does.
+    const auto encloses = [](double u, double v) { return !(u * v > 0.0); };
     const double tol = std::fabs(target * eps);
     double fb = f(b, fixed, eps) - target;
     if (std::fabs(fb) < tol) return b;
@@ -507,23 +510,8 @@ double outer_solve(Func3 f, double fixed, double target, double a, double b, dou
         s = b - (b - a) * fb / (fb - fa);
         const double fs = f(s, fixed, eps) - target;
         if (std::fabs(fs) < tol) return s;
-        if (fb * fs > 0.0) {
-            const double m = (a + s) * 0.5;
-            const double fm = f(m, fixed, eps) - target;
-            if (fa * fm > 0.0) {
-                a = m, fa = fm, b = s, fb = fs;
-            } else {
-                b = m, fb = fm;
-            }
-        } else {
-            const double m = (b + s) * 0.5;
-            const double fm = f(m, fixed, eps) - target;
-            if (fb * fm > 0.0) {
-                b = m, fb = fm, a = s, fa = fs;
-            } else {
-                a = m, fa = fm;
-            }
-        }
+        detail::halve(b, fb, a, fa, s, fs, encloses,
+                      [&](double m) { return f(m, fixed, eps) - target; });
     }
     // Intended: no warning when the 40 steps run out; the last secant point stands.
     return s;

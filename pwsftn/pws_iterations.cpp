@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "pwsftn/pws_error.hpp"
+#include "pwsftn/pws_halving.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 
@@ -16,72 +17,17 @@ constexpr double it_tol = 1.0E-12;
 constexpr double it_low = 0.01;
 constexpr double inner_power = 1.25;  // inner tolerance of pws_id: eps^1.25
 
-// Bracketed regula falsi with one halving evaluation per step: the scheme of
-// pws_i2 (products compared with zero, "<=").
+// How the iterations read two residuals u, v as enclosing a root: pws_i2
+// (and pws_i3, pws_it) by u v <= 0 (a zero product encloses, a NaN one does
+// not); pws_i1 and the outer iteration of pws_id by not u v >= 0 (the other
+// way round).
+constexpr auto encloses_i2 = [](double u, double v) { return u * v <= 0.0; };
+constexpr auto encloses_i1 = [](double u, double v) { return !(u * v >= 0.0); };
+
+// The interval of the bracketed loop; the caller's ends are written when it stops.
 struct Bracket {
     double a, b, fa, fb;
 };
-
-template <typename F>
-void narrow_bracketed(Bracket& k, double x, double fx, F&& f) {
-    if (k.fa * fx <= 0.0) {
-        const double m = (x + k.a) * 0.5;
-        const double fm = f(m);
-        if (k.fa * fm <= 0.0) {
-            k.b = m;
-            k.fb = fm;
-        } else {
-            k.a = m;
-            k.b = x;
-            k.fa = fm;
-            k.fb = fx;
-        }
-    } else {
-        const double m = (x + k.b) * 0.5;
-        const double fm = f(m);
-        if (k.fb * fm <= 0.0) {
-            k.a = m;
-            k.fa = fm;
-        } else {
-            k.a = x;
-            k.b = m;
-            k.fa = fx;
-            k.fb = fm;
-        }
-    }
-}
-
-// Narrowing step of pws_i1 (products compared with zero, ">="), shared by the
-// outer iteration of pws_id: keeps the root between a and b with one halving
-// evaluation f(m).
-template <typename F>
-void narrow_i1(double& a, double& fa, double& b, double& fb, double x, double fx, F&& f) {
-    if (fa * fx >= 0.0) {
-        const double m = (x + b) * 0.5;
-        const double fm = f(m);
-        if (fb * fm >= 0.0) {
-            a = x;
-            fa = fx;
-            b = m;
-            fb = fm;
-        } else {
-            a = m;
-            fa = fm;
-        }
-    } else {
-        const double m = (x + a) * 0.5;
-        const double fm = f(m);
-        if (fa * fm >= 0.0) {
-            a = m;
-            fa = fm;
-            b = x;
-            fb = fx;
-        } else {
-            b = m;
-            fb = fm;
-        }
-    }
-}
 
 // The scheme of pws_i2 on g(x) = 0 with residual tolerance r and relative
 // interval tolerance eps; `last_estimate` selects the result after 40 steps.
@@ -104,7 +50,7 @@ double solve_i2(G&& g, double& a, double& b, double r, double eps, bool strict_e
                 b = k.b;
                 return x;
             }
-            narrow_bracketed(k, x, fx, g);
+            detail::halve(k.a, k.fa, k.b, k.fb, x, fx, encloses_i2, g);
             if (step == max_steps && last_estimate) {
                 a = k.a;
                 b = k.b;
@@ -143,7 +89,7 @@ double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double
         const double x = a - (a - b) * fa / (fa - fb);
         const double fx = g(x);
         if (std::fabs(fx) < r) return x;
-        narrow_i1(a, fa, b, fb, x, fx, g);
+        detail::halve(a, fa, b, fb, x, fx, encloses_i1, g);
     }
     warn_iterations("PWS_I1");
     // Intended: after the last step the result is 0, not the last estimate.
@@ -220,7 +166,7 @@ void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, doub
         // evaluation (as in pws_i1), so the x handed back belongs to this y.
         if (std::fabs(g) < tol) break;
         double x_mid = 0.0;  // the x of a halving point is not handed back
-        narrow_i1(ya, ga, yb, gb, y, g, [&](double m) { return outer(m, x_mid); });
+        detail::halve(ya, ga, yb, gb, y, g, encloses_i1, [&](double m) { return outer(m, x_mid); });
         if (step >= max_steps) {
             warn_iterations("PWS_ID");
             break;
