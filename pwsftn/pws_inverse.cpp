@@ -225,8 +225,6 @@ double v3_vapour(double p, double t, double eps) {
     return v3_solve(p, t, in_v3(vapour_start_lo(t)), in_v3(vapour_start_hi(t)), eps);
 }
 
-double reduced_temperature(double t) { return (t + celsius_offset) / crit_tk; }
-
 // Temperature (C) at which the selection boundary reaches p (bar): the root
 // of the quadratic above its vertex (near 300 C).
 double selection_boundary_temperature(double p) {

@@ -42,7 +42,7 @@ detail::GibbsTerms evaluate(double p, double t) {
     const auto& A = coef_a;
     const AuxConstants& c = aux;
     detail::GibbsTerms r;
-    const double th = (t + celsius_offset) / crit_tk;
+    const double th = reduced_temperature(t);
     const double be = p / crit_p;
     r.theta = th;
     r.beta = be;

@@ -57,7 +57,7 @@ Region2State& state() {
 detail::GibbsTerms evaluate(double p, double t) {
     const double b = coef_b;
     detail::GibbsTerms r;
-    const double th = (t + celsius_offset) / crit_tk;
+    const double th = reduced_temperature(t);
     const double be = p / crit_p;
     r.theta = th;
     r.beta = be;

@@ -68,7 +68,7 @@ Region3State& state() {
 
 Terms3 evaluate(double v, double t) {
     Terms3 r;
-    const double th = (t + celsius_offset) / crit_tk;
+    const double th = reduced_temperature(t);
     const double ch = v / crit_v;
     const double d = th - 1.0;
     r.theta = th;

@@ -58,7 +58,7 @@ struct Exponent {
 
 Exponent saturation_exponent(double t) {
     const auto& k = k_sat;
-    const double theta = (t + celsius_offset) / crit_tk;
+    const double theta = reduced_temperature(t);
     const double u = 1.0 - theta;
     const double n = u * (k[0] + u * (k[1] + u * (k[2] + u * (k[3] + u * k[4]))));
     const double dn = k[0] + u * (2.0 * k[1] + u * (3.0 * k[2] + u * (4.0 * k[3] + u * 5.0 * k[4])));
@@ -184,7 +184,7 @@ bool detail::enter_state(const StateCheck& check, double a, double b, double& a_
 
 double pws_cl(double t) {
     const LFunction& l = pws_cl_record;
-    const double theta = (t + celsius_offset) / crit_tk;
+    const double theta = reduced_temperature(t);
     return l.l0 + theta * (l.l1 + theta * l.l2);
 }
 
@@ -201,7 +201,7 @@ double boundary_temperature(double p) {
 
 double pws_cl_slope(double t) {
     const LFunction& l = pws_cl_record;
-    const double theta = (t + celsius_offset) / crit_tk;
+    const double theta = reduced_temperature(t);
     return l.l1 + l.dl2 * theta;
 }
 

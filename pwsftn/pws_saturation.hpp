@@ -46,7 +46,6 @@ inline constexpr double entropy_scale = pws_lc[7]; // kJ/(kg K)
 inline constexpr double i1_const = pws_lc[8];
 inline constexpr double t_sub1_max = pws_lc[9];    // C
 inline constexpr double crit_t = pws_lc[10];       // C
-inline constexpr double p_sat_350 = pws_lc[11];    // bar
 inline constexpr double p_min = pws_lc[12];        // bar
 inline constexpr double p_max = pws_lc[13];        // bar
 inline constexpr double v3_min = pws_lc[16];       // m3/kg
@@ -57,8 +56,9 @@ inline constexpr double t1_bound_max = pws_lc[21]; // C
 inline constexpr double t2_min = pws_lc[22];       // C
 inline constexpr double t3_min = pws_lc[23];       // C
 inline constexpr double t3_max = pws_lc[24];       // C
-// pressure times volume in bar m3/kg to kJ/kg
-inline constexpr double pv_to_kj = energy_scale / (crit_p * crit_v);
+
+// Reduced temperature T / Tc at t (C).
+inline double reduced_temperature(double t) { return (t + celsius_offset) / crit_tk; }
 
 // Saturation pressure (bar) at t (C); above 374.15 C reports code 2 and returns 0.
 double pws_pt(double t);
