@@ -225,6 +225,12 @@ double v3_vapour(double p, double t, double eps) {
     return v3_solve(p, t, in_v3(vapour_start_lo(t)), in_v3(vapour_start_hi(t)), eps);
 }
 
+// Reduced pressure p / pc of the selection boundary at t (C).
+double selection_boundary_reduced(double t) {
+    const double theta = reduced_temperature(t);
+    return (sel_b2 * theta + sel_b1) * theta + sel_b0;
+}
+
 // Temperature (C) at which the selection boundary reaches p (bar): the root
 // of the quadratic above its vertex (near 300 C).
 double selection_boundary_temperature(double p) {
@@ -647,10 +653,7 @@ std::int32_t from_isotherm(std::string_view name, std::int32_t code, OffLine off
 
 // ---------------------------------------------------------------------------
 
-double selection_boundary_pressure(double t) {
-    const double theta = reduced_temperature(t);
-    return ((sel_b2 * theta + sel_b1) * theta + sel_b0) * crit_p;
-}
+double selection_boundary_pressure(double t) { return selection_boundary_reduced(t) * crit_p; }
 
 SaturatedVolumes saturated_volumes3(double ps, double t) {
     double va = std::max(sat_vapour_start_offset + sat_vapour_start_slope * t, crit_v);
@@ -692,10 +695,9 @@ std::int32_t pwsrpt(double& a, double& b, double eps) {
             return ireg_r3_liquid;
         }
     }
-    const double theta = reduced_temperature(t);
     // Above 350 C a region-2 state is placed without its common terms: a
     // temperature out of range is reported when a property is evaluated.
-    if ((sel_b2 * theta + sel_b1) * theta + sel_b0 > p / crit_p) return ireg_vapour;
+    if (selection_boundary_reduced(t) > p / crit_p) return ireg_vapour;
     // The search starts from 5.6E-6 t - 0.00073 as it stands: up to about
     // 365.3 C that volume lies below region 3, and the bound check of the
     // region-3 terms reports it.
