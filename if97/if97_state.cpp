@@ -56,48 +56,37 @@ Properties newton_density(double p, double t, double rho, Side side) {
 
 // Bracketed fallback: the root of p3(rho, T) = p on the given side, found
 // by scanning from the start towards the critical density for a sign change.
+// p3 rises with rho on both sides, so the liquid side brackets from above
+// (a start with f < 0 is already the lower end) and the vapour side from
+// below.
 Properties bracket_density(double p, double t, double start, Side side) {
     auto f = [p, t](double rho) { return region3(rho, t).p - p; };
     Properties failed;
     failed.rho = nan;
     double lo = rho3_low;
     double hi = rho3_high;
-    if (side == Side::liquid) {
-        const double fs = f(start);
-        if (fs < 0.0) {
-            lo = start;
-        } else {
-            const double step = (start - critical_density) / bracket_scan_steps;
-            double prev = start;
-            lo = nan;
-            for (int k = 1; k <= bracket_scan_steps; ++k) {
-                const double rho = start - k * step;
-                if (f(rho) < 0.0) {
-                    lo = rho;
-                    break;
-                }
-                prev = rho;
-            }
-            hi = prev;
-        }
-    } else if (side == Side::vapour) {
-        const double fs = f(start);
-        if (fs > 0.0) {
-            hi = start;
+    if (side != Side::any) {
+        const bool liquid = side == Side::liquid;
+        // True where the scan has passed the root.
+        auto past = [&f, liquid](double rho) { return liquid ? f(rho) < 0.0 : f(rho) > 0.0; };
+        double near = start;  // end of the bracket on the start's side of the root
+        double far = nan;     // end across the root
+        if (past(start)) {
+            far = start;
+            near = liquid ? hi : lo;
         } else {
             const double step = (critical_density - start) / bracket_scan_steps;
-            double prev = start;
-            hi = nan;
             for (int k = 1; k <= bracket_scan_steps; ++k) {
                 const double rho = start + k * step;
-                if (f(rho) > 0.0) {
-                    hi = rho;
+                if (past(rho)) {
+                    far = rho;
                     break;
                 }
-                prev = rho;
+                near = rho;
             }
-            lo = prev;
         }
+        lo = liquid ? far : near;
+        hi = liquid ? near : far;
     }
     if (std::isnan(lo) || std::isnan(hi)) return failed;
     const double rho = brent(f, lo, hi, f(lo), f(hi), 1e-13 * hi);
