@@ -269,42 +269,35 @@ State mixture(const Saturation& sat, double x) {
     return st;
 }
 
+namespace {
+// Error of a saturation-line input y and quality x before the range of y
+// is checked, in the order the state functions report them.
+Error quality_error(double y, double x) {
+    if (!std::isfinite(y) || !std::isfinite(x)) return Error::not_finite;
+    if (x < 0.0 || x > 1.0) return Error::quality_range;
+    return Error::none;
+}
+
+// State of quality x on the saturation line at (p, t).
+StateResult saturated_state(double p, double t, double x) {
+    const Saturation sat = saturation(p, t);
+    if (!sat.ok) return {State{}, Error::no_convergence};
+    return {mixture(sat, x), Error::none};
+}
+}  // namespace
+
 StateResult state_tx(double t, double x) {
-    StateResult r;
-    if (!std::isfinite(t) || !std::isfinite(x)) {
-        r.error = Error::not_finite;
-    } else if (x < 0.0 || x > 1.0) {
-        r.error = Error::quality_range;
-    } else if (t < t_min - t_slack || t > critical_temperature) {
-        r.error = Error::t_not_saturation;
-    }
-    if (r.error != Error::none) return r;
-    const Saturation sat = saturation(psat(t), t);
-    if (!sat.ok) {
-        r.error = Error::no_convergence;
-        return r;
-    }
-    r.state = mixture(sat, x);
-    return r;
+    Error e = quality_error(t, x);
+    if (e == Error::none && (t < t_min - t_slack || t > critical_temperature)) e = Error::t_not_saturation;
+    if (e != Error::none) return {State{}, e};
+    return saturated_state(psat(t), t, x);
 }
 
 StateResult state_px(double p, double x) {
-    StateResult r;
-    if (!std::isfinite(p) || !std::isfinite(x)) {
-        r.error = Error::not_finite;
-    } else if (x < 0.0 || x > 1.0) {
-        r.error = Error::quality_range;
-    } else if (p < psat_min() || p > critical_pressure) {
-        r.error = Error::p_not_saturation;
-    }
-    if (r.error != Error::none) return r;
-    const Saturation sat = saturation(p, tsat(p));
-    if (!sat.ok) {
-        r.error = Error::no_convergence;
-        return r;
-    }
-    r.state = mixture(sat, x);
-    return r;
+    Error e = quality_error(p, x);
+    if (e == Error::none && (p < psat_min() || p > critical_pressure)) e = Error::p_not_saturation;
+    if (e != Error::none) return {State{}, e};
+    return saturated_state(p, tsat(p), x);
 }
 
 }  // namespace if97
