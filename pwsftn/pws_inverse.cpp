@@ -577,27 +577,21 @@ std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double
     const double z = a;
     const double s = b;
     const IsentropeBracket br = isentrope_bracket(s, eps);
-    double t = br.lo;
-    if (br.ok) {
-        const double z_lo = f(br.lo, s, eps);
-        const double z_hi = f(br.hi, s, eps);
-        const double tol = std::fabs(z * eps);
-        if (z >= z_lo - tol && z <= z_hi + tol) {
-            t = outer_solve(f, s, z, br.lo, br.hi, eps);
-        } else {
-            t = z < z_lo ? br.lo : br.hi;
-            if (refuse) {
-                report_subregion(subregion_cannot, label_u, z, label_s, s);
-                return ireg_not_placed;
-            }
-            pwser(name_pwsrhs, code_hs, z, s);
-        }
+    const double z_lo = br.ok ? f(br.lo, s, eps) : 0.0;
+    const double z_hi = br.ok ? f(br.hi, s, eps) : 0.0;
+    const double tol = std::fabs(z * eps);
+    double t = 0.0;
+    if (br.ok && z >= z_lo - tol && z <= z_hi + tol) {
+        t = outer_solve(f, s, z, br.lo, br.hi, eps);
     } else if (refuse) {
         report_subregion(subregion_cannot, label_u, z, label_s, s);
         return ireg_not_placed;
     } else {
         pwser(name_pwsrhs, code_hs, z, s);
-        t = s < pws_e1(p_max, t_sub1_min) ? t_sub1_min : t2_max;
+        if (br.ok)
+            t = z < z_lo ? br.lo : br.hi;
+        else
+            t = s < pws_e1(p_max, t_sub1_min) ? t_sub1_min : t2_max;
     }
     // The state of the isentrope at t, quietly: a value out of range has
     // been reported above.
