@@ -538,12 +538,9 @@ std::int32_t invert_isochore(Func3 f, double& a, double& b, double eps) {
     double p = outer_solve(f, v, z, lo, hi, eps);
     double second = v;
     const std::int32_t ireg = pwsrpv(p, second, eps);
-    if (ireg < ireg_liquid || ireg > ireg_wet) {
-        a = p;
-        return ireg;
-    }
     a = p;
-    b = second;
+    // A state not placed keeps the property in b.
+    if (ireg >= ireg_liquid && ireg <= ireg_wet) b = second;
     return ireg;
 }
 
