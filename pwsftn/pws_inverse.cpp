@@ -599,17 +599,11 @@ std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double
     return ireg;
 }
 
+// Region number of a wet state at the saturation temperature t (C).
+std::int32_t wet_region(double t) { return t <= t_sub1_max ? ireg_wet : ireg_wet_r3; }
+
 // Mixed entropy of the wet state (t, x).
-double mixed_entropy(double t, double x) {
-    const double ps = pws_pt(t);
-    if (t <= t_sub1_max) {
-        const double sl = pws_e1(ps, t);
-        return sl + x * (pws_e2(ps, t) - sl);
-    }
-    const SaturatedVolumes sv = saturated_volumes3(ps, t);
-    const double sl = pws_e3(sv.liquid, t);
-    return sl + x * (pws_e3(sv.vapour, t) - sl);
-}
+double mixed_entropy(double t, double x) { return state_value<Prop::s>(wet_region(t), x, t); }
 
 double inner_eps(double eps) { return std::min(eps, entry_eps) * inner_eps_factor; }
 
@@ -718,7 +712,7 @@ std::int32_t pwsrpx(double& a, double& b, double eps) {
     const double ts = pws_it(a);
     a = b;
     b = ts;
-    return ts <= t_sub1_max ? ireg_wet : ireg_wet_r3;
+    return wet_region(ts);
 }
 
 std::int32_t pwsrtv(double& a, double& b, double eps) {
@@ -774,7 +768,7 @@ std::int32_t pwsrsx(double& a, double& b, double eps) {
     const double t = pws_i2(mixed_entropy, x, s, ta, tb, eps);
     a = x;
     b = t;
-    return t <= t_sub1_max ? ireg_wet : ireg_wet_r3;
+    return wet_region(t);
 }
 
 std::int32_t pwsrhs(double& a, double& b, double eps) {
