@@ -14,9 +14,6 @@
 namespace od::fluiddata {
 namespace {
 
-inline constexpr double range_split_temperature = 1000.0;  // K: range 1 above, range 2 at and below
-inline constexpr int range_high = 0;                        // range 1 (above 1000 K)
-inline constexpr int range_low = 1;                         // range 2 (up to 1000 K)
 inline constexpr int record_lines = 255;                    // lines of a database record
 inline constexpr std::size_t record_width = 255;            // characters of a record line
 inline constexpr std::size_t path_width = 256;              // characters of the data file path
@@ -65,13 +62,6 @@ int stored_row(const CompName& name) {
     for (int i = 0; i < s.ncmp; ++i)
         if (s.cmp[i].key() == key) return s.idx[i];
     return missing_row;
-}
-
-// The table row the getters read, or nullptr when the name has no row.
-const TableRow* stored_table_row(const CompName& name) {
-    const int row = stored_row(name);
-    if (row < 1 || row > max_components) return nullptr;
-    return &state().rows[row - 1];
 }
 
 // One column of the row the getters read; missing_value when the name has no row.
@@ -181,6 +171,12 @@ void storeidx(std::span<const CompName> names) {
 
 int getstoredidx(const CompName& name) { return stored_row(name); }
 
+const TableRow* stored_table_row(const CompName& name) {
+    const int row = stored_row(name);
+    if (row < 1 || row > max_components) return nullptr;
+    return &state().rows[row - 1];
+}
+
 // --- values -----------------------------------------------------------------
 
 void getcoef(const CompName& name, double t, std::span<double, 7> a) {
@@ -189,11 +185,8 @@ void getcoef(const CompName& name, double t, std::span<double, 7> a) {
         std::fill(a.begin(), a.end(), missing_value);
         return;
     }
-    // Intended: exactly 1000 K takes range 2.
-    int range = t > range_split_temperature ? range_high : range_low;
-    // Intended: a range whose a1 is exactly 0.0 is absent; the other one serves.
-    if (row->coef[range][0] == 0.0) range = range == range_high ? range_low : range_high;
-    std::copy(row->coef[range].begin(), row->coef[range].end(), a.begin());
+    const std::array<double, 7>& c = coef_at(*row, t);
+    std::copy(c.begin(), c.end(), a.begin());
 }
 
 double gettmin(const CompName& name) { return stored_value(name, &TableRow::tmin); }

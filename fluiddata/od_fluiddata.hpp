@@ -55,6 +55,21 @@ struct TableRow {
 int table_size();                // ngas
 const TableRow& table_row(int row);  // row 1..250; an all-zero row outside
 
+// The table row the getters read for a stored component (or "H2O" / "H2O(L)"),
+// or nullptr where they answer with missing_value.
+const TableRow* stored_table_row(const CompName& name);
+
+inline constexpr double range_split_temperature = 1000.0;  // K: range 1 above, range 2 at and below
+
+// The coefficient set of row valid at t, as getcoef chooses it.
+inline const std::array<double, 7>& coef_at(const TableRow& row, double t) {
+    // Intended: exactly 1000 K takes range 2.
+    int range = t > range_split_temperature ? 0 : 1;
+    // Intended: a range whose a1 is exactly 0.0 is absent; the other one serves.
+    if (row.coef[range][0] == 0.0) range = 1 - range;
+    return row.coef[range];
+}
+
 // --- stored composition (read by the property requests' cache test) -------
 int stored_count();                    // ncmp
 const CompName& stored_name(int i);    // cmp(i), i = 1..ncmp

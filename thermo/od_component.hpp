@@ -1,6 +1,6 @@
-// Internal to the thermo modules: the gas-table row of a mixture component,
-// looked up once per evaluation, and the NASA polynomials evaluated from a
-// coefficient set. The getters of od_fluiddata give the same values; this
+// Internal to the thermo modules: the coefficient set of a component whose
+// gas-table row was looked up once per evaluation, and the NASA polynomials
+// evaluated from it. The getters of od_fluiddata give the same values; this
 // only saves repeated lookups of the same name within one call.
 #pragma once
 #include <array>
@@ -12,26 +12,13 @@ namespace od::component {
 
 using Coefs = std::array<double, 7>;
 
-inline constexpr double range_split = 1000.0;  // K: range 1 above, range 2 at and below
-
 // Coefficients of every component without a table row: the getters' marker.
 inline constexpr Coefs missing_coefs{missing_value, missing_value, missing_value, missing_value,
                                      missing_value, missing_value, missing_value};
 
-// The table row the getters read for this name, or nullptr where they answer
-// with the missing-value marker.
-inline const fluiddata::TableRow* row_of(const CompName& name) {
-    const int r = fluiddata::getstoredidx(name);
-    if (r < 1 || r > max_components) return nullptr;
-    return &fluiddata::table_row(r);
-}
-
-// The coefficient set valid at t, chosen as getcoef chooses it.
+// The coefficient set valid at t of a row from fluiddata::stored_table_row.
 inline const Coefs& coefs(const fluiddata::TableRow* row, double t) {
-    if (row == nullptr) return missing_coefs;
-    int range = t > range_split ? 0 : 1;
-    if (row->coef[range][0] == 0.0) range = 1 - range;
-    return row->coef[range];
+    return row ? fluiddata::coef_at(*row, t) : missing_coefs;
 }
 
 inline double mmol(const fluiddata::TableRow* row) { return row ? row->mmol : missing_value; }

@@ -52,7 +52,7 @@ Sums mixture_sum(const Mixture& mix, Term term) {
     Sums s;
     for (int i = 0; i < mix.n(); ++i) {
         const CompName& name = mix.names[i];
-        const Row row = component::row_of(name);
+        const Row row = fluiddata::stored_table_row(name);
         const double c = mix.conc[i];
         if (c > negligible) s.x += c * term(name, row, c);
         s.m += c * component::mmol(row);

@@ -96,7 +96,7 @@ double mixture_value(const Mixture& mix, bool viscosity_rule, Value value) {
     // Scratch sized by the mixture, whatever its length.
     std::vector<double> x(static_cast<std::size_t>(mix.n())), m(x.size());
     for (int i = 0; i < mix.n(); ++i) {
-        const fluiddata::TableRow* row = component::row_of(mix.names[i]);
+        const fluiddata::TableRow* row = fluiddata::stored_table_row(mix.names[i]);
         m[i] = component::mmol(row);
         x[i] = mix.conc[i] <= negligible ? 0.0 : value(mix.names[i], row);
     }
@@ -105,10 +105,10 @@ double mixture_value(const Mixture& mix, bool viscosity_rule, Value value) {
 
 }  // namespace
 
-double viscosity(double t, const CompName& name) { return component_viscosity(t, component::row_of(name)); }
+double viscosity(double t, const CompName& name) { return component_viscosity(t, fluiddata::stored_table_row(name)); }
 
 double thermcond(double p, double t, const CompName& name) {
-    return component_conductivity(p, t, name, component::row_of(name));
+    return component_conductivity(p, t, name, fluiddata::stored_table_row(name));
 }
 
 double eta_t(double t, const Mixture& mix) {
