@@ -35,9 +35,6 @@ constexpr double too_hot = 1e10;
 constexpr double too_cold = -1e10;
 // Start pressure of the liquid on an isochore, MPa.
 constexpr double liquid_nominal_p = 10.0;
-// Densities outside which no region-3 state lies, kg/m3.
-constexpr double region3_rho_low = 60.0;
-constexpr double region3_rho_high = 900.0;
 
 enum class Quantity { p, h, s, u, v };
 

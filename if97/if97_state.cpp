@@ -16,9 +16,6 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 // through degrees Celsius and back.
 constexpr double t_slack = 1e-9;
 
-// Density bracket that contains every region-3 state, kg/m3.
-constexpr double rho3_low = 60.0;
-constexpr double rho3_high = 900.0;
 constexpr int newton_max_iter = 30;
 // Newton on the density stops when p3(rho, T) matches p to this relative
 // tolerance.
@@ -63,8 +60,8 @@ Properties bracket_density(double p, double t, double start, Side side) {
     auto f = [p, t](double rho) { return region3(rho, t).p - p; };
     Properties failed;
     failed.rho = nan;
-    double lo = rho3_low;
-    double hi = rho3_high;
+    double lo = region3_rho_low;
+    double hi = region3_rho_high;
     if (side != Side::any) {
         const bool liquid = side == Side::liquid;
         // True where the scan has passed the root.

@@ -6,6 +6,10 @@
 
 namespace if97 {
 
+// Density bracket that contains every region-3 state, kg/m3.
+inline constexpr double region3_rho_low = 60.0;
+inline constexpr double region3_rho_high = 900.0;
+
 // Why a state could not be given.
 enum class Error {
     none,
