@@ -70,12 +70,12 @@ struct Gradient {
 };
 
 Gradient gradient_p_t(const Properties& st, Quantity q) {
-    const double u_of_p = dh_dp_t(st) - st.v * (1.0 - st.p * st.kappa) * kj_per_mpa_m3;
     switch (q) {
         case Quantity::p: return {1.0, 0.0};
         case Quantity::h: return {dh_dp_t(st), st.cp};
         case Quantity::s: return {ds_dp_t(st), st.cp / st.t};
-        case Quantity::u: return {u_of_p, slope_t(st, q)};
+        case Quantity::u:
+            return {dh_dp_t(st) - st.v * (1.0 - st.p * st.kappa) * kj_per_mpa_m3, slope_t(st, q)};
         case Quantity::v: return {-st.v * st.kappa, st.v * st.alpha};
     }
     return {nan, nan};
