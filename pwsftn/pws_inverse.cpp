@@ -58,16 +58,6 @@ constexpr int report_digits = 9;   // digits after the point
 constexpr int scale_one = 1;       // 3.500000000E+02 (SUB-REGION lines)
 constexpr int scale_zero = 0;      // 0.350000000E+03 (POINT lines)
 
-// Region numbers.
-constexpr std::int32_t ireg_liquid = 1;
-constexpr std::int32_t ireg_vapour = 2;
-constexpr std::int32_t ireg_r3_vapour = 3;
-constexpr std::int32_t ireg_r3_liquid = 4;
-constexpr std::int32_t ireg_wet_r3 = 5;
-constexpr std::int32_t ireg_wet = 6;
-constexpr std::int32_t ireg_above_critical = 7;
-constexpr std::int32_t ireg_not_placed = 0;
-
 // Relative widening of the range bounds (as in the bound checks of the
 // common terms).
 constexpr double bound_widening = 1.0E-5;

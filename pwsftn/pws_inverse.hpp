@@ -28,6 +28,17 @@
 
 namespace pws {
 
+// Region numbers IREG (see above); pwsrtx refuses a wet state above the
+// critical temperature with 7, and 0 is a state not placed.
+inline constexpr std::int32_t ireg_liquid = 1;
+inline constexpr std::int32_t ireg_vapour = 2;
+inline constexpr std::int32_t ireg_r3_vapour = 3;
+inline constexpr std::int32_t ireg_r3_liquid = 4;
+inline constexpr std::int32_t ireg_wet_r3 = 5;
+inline constexpr std::int32_t ireg_wet = 6;
+inline constexpr std::int32_t ireg_above_critical = 7;
+inline constexpr std::int32_t ireg_not_placed = 0;
+
 // An inverse routine: IREG from (a, b, eps), with a and b overwritten.
 using InverseFn = std::int32_t (*)(double& a, double& b, double eps);
 

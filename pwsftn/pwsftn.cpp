@@ -38,9 +38,6 @@ constexpr double snap_liquid = 1.0E-6;
 constexpr double snap_vapour = 0.999999;
 constexpr double w_to_kw = 0.001;  // W/(m K) to kW/(m K)
 
-constexpr std::int32_t ireg_min = 1;
-constexpr std::int32_t ireg_max = 6;
-
 struct EntryState {
     std::array<char, key_width> depend{' ', ' ', ' ', ' '};  // current key, blank-filled
 };
@@ -95,21 +92,21 @@ void settle_wet(State& st) {
     } else {
         st.ps = pws_pt(st.t);
     }
-    if (st.ireg == 5) st.sat = saturated_volumes3(st.ps, st.t);
+    if (st.ireg == ireg_wet_r3) st.sat = saturated_volumes3(st.ps, st.t);
     // Intended: nearly single-phase wet states are evaluated as the saturated
     // phase, so that CP, DV and TC become available.
-    if (st.ireg == 6) {
-        if (st.f <= snap_liquid) st.ireg = 1, st.f = st.ps;
-        else if (st.f >= snap_vapour) st.ireg = 2, st.f = st.ps;
+    if (st.ireg == ireg_wet) {
+        if (st.f <= snap_liquid) st.ireg = ireg_liquid, st.f = st.ps;
+        else if (st.f >= snap_vapour) st.ireg = ireg_vapour, st.f = st.ps;
     } else {
-        if (st.f <= snap_liquid) st.ireg = 4, st.f = st.sat.liquid;
-        else if (st.f >= snap_vapour) st.ireg = 3, st.f = st.sat.vapour;
+        if (st.f <= snap_liquid) st.ireg = ireg_r3_liquid, st.f = st.sat.liquid;
+        else if (st.f >= snap_vapour) st.ireg = ireg_r3_vapour, st.f = st.sat.vapour;
     }
 }
 
 double volume(State& st) {
     if (!st.have_v) {
-        st.v = st.ireg == 1 ? pws_c1(st.f, st.t) : pws_c2(st.f, st.t);
+        st.v = st.ireg == ireg_liquid ? pws_c1(st.f, st.t) : pws_c2(st.f, st.t);
         st.have_v = true;
     }
     return st.v;
@@ -127,10 +124,10 @@ constexpr ByRegion entropy_fns{pws_e1, pws_e2, pws_e3};
 double by_region(const ByRegion& fn, const State& st) {
     const double f = st.f, t = st.t;
     switch (st.ireg) {
-    case 1: return fn.r1(f, t);
-    case 2: return fn.r2(f, t);
-    case 5: return mix(fn.r3(st.sat.liquid, t), fn.r3(st.sat.vapour, t), f);
-    case 6: return mix(fn.r1(st.ps, t), fn.r2(st.ps, t), f);
+    case ireg_liquid: return fn.r1(f, t);
+    case ireg_vapour: return fn.r2(f, t);
+    case ireg_wet_r3: return mix(fn.r3(st.sat.liquid, t), fn.r3(st.sat.vapour, t), f);
+    case ireg_wet: return mix(fn.r1(st.ps, t), fn.r2(st.ps, t), f);
     default: return fn.r3(f, t);
     }
 }
@@ -139,10 +136,10 @@ double by_region(const ByRegion& fn, const State& st) {
 double evaluate(Key key, State& st) {
     const double f = st.f, t = st.t;
     const std::int32_t ireg = st.ireg;
-    const bool wet = ireg == 5 || ireg == 6;
+    const bool wet = ireg == ireg_wet_r3 || ireg == ireg_wet;
     switch (key) {
     case Key::p:
-        if (ireg <= 2) return f;
+        if (ireg == ireg_liquid || ireg == ireg_vapour) return f;
         return wet ? st.ps : pws_a3(f, t);
     case Key::t: return t;
     case Key::v: return by_region(volume_fns, st);
@@ -151,7 +148,7 @@ double evaluate(Key key, State& st) {
     case Key::x:
         if (wet) return f;
         // Intended: 0 for the liquid regions and 1 for the vapour regions, whatever the state.
-        return ireg == 1 || ireg == 4 ? 0.0 : 1.0;
+        return ireg == ireg_liquid || ireg == ireg_r3_liquid ? 0.0 : 1.0;
     case Key::cp:
     case Key::dv:
     case Key::tc:
@@ -159,7 +156,8 @@ double evaluate(Key key, State& st) {
             st.wet_asked = true;
             return 0.0;
         }
-        if (key == Key::cp) return ireg == 1 ? pws_h1(f, t) : ireg == 2 ? pws_h2(f, t) : pws_h3(f, t);
+        if (key == Key::cp)
+            return ireg == ireg_liquid ? pws_h1(f, t) : ireg == ireg_vapour ? pws_h2(f, t) : pws_h3(f, t);
         if (key == Key::dv) return pws_ci(volume(st), t);
         return pws_cj(volume(st), t) * w_to_kw;
     case Key::illegal: break;
@@ -186,13 +184,13 @@ void pwsftn(InverseRoutine xysub, double x, double y, std::string_view depend,
     st.f = x;
     st.t = y;
     st.ireg = xysub(st.f, st.t, entry_eps);
-    if (st.ireg < ireg_min || st.ireg > ireg_max) {
+    if (st.ireg < ireg_liquid || st.ireg > ireg_wet) {
         write_record(host_channel, list_directed({illegal_region_head, illegal_region_label,
                                                   list_integer(st.ireg), item_separator, message_tail}));
         return;
     }
-    if (st.ireg == 5 || st.ireg == 6) settle_wet(st);
-    if (st.ireg == 3 || st.ireg == 4) st.v = st.f, st.have_v = true;
+    if (st.ireg == ireg_wet_r3 || st.ireg == ireg_wet) settle_wet(st);
+    if (st.ireg == ireg_r3_vapour || st.ireg == ireg_r3_liquid) st.v = st.f, st.have_v = true;
 
     std::array<char, key_width>& buffer = entry_state().depend;
     std::size_t i = 0;
