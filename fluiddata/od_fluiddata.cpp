@@ -229,6 +229,11 @@ const TableRow& table_row(int row) {
 
 int stored_count() { return state().ncmp; }
 
+bool same_as_stored(std::span<const CompName> names) {
+    const FluidDataState& s = state();
+    return std::equal(names.begin(), names.end(), s.cmp.begin(), s.cmp.begin() + s.ncmp);
+}
+
 const CompName& stored_name(int i) {
     static const CompName none{};
     if (i < 1 || i > state().ncmp) return none;

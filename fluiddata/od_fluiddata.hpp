@@ -72,6 +72,8 @@ inline const std::array<double, 7>& coef_at(const TableRow& row, double t) {
 
 // --- stored composition (read by the property requests' cache test) -------
 int stored_count();                    // ncmp
+// True when names equal the stored names (count and order), trailing blanks ignored.
+bool same_as_stored(std::span<const CompName> names);
 const CompName& stored_name(int i);    // cmp(i), i = 1..ncmp
 double stored_conc(int i);             // cnc(i): never written, always 0.0
 

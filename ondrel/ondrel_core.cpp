@@ -43,21 +43,6 @@ State& state() {
 
 enum class Composition { same, changed, unknown };
 
-bool equal_names(std::span<const CompName> a, std::span<const CompName> b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (!(a[i] == b[i])) return false;
-    return true;
-}
-
-// Names equal to the stored composition's, in count and order.
-bool same_names(const Mixture& mix) {
-    if (mix.n() != fluiddata::stored_count()) return false;
-    for (int i = 0; i < mix.n(); ++i)
-        if (!(mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1))) return false;
-    return true;
-}
-
 // Intended: the stored concentrations are compared but never written (all
 // 0.0), so only all-zero concentrations pass and ordinary requests solve again.
 bool same_concentrations(const Mixture& mix) {
@@ -70,7 +55,7 @@ bool same_concentrations(const Mixture& mix) {
 // list that passed before passes again and is not searched a second time.
 bool all_known(const Mixture& mix) {
     State& s = state();
-    if (equal_names(mix.names, std::span<const CompName>(s.known.data(), s.n_known))) return true;
+    if (std::ranges::equal(mix.names, std::span<const CompName>(s.known.data(), s.n_known))) return true;
     for (const CompName& name : mix.names)
         if (!fluiddata::iscomp(name)) return false;
     std::copy(mix.names.begin(), mix.names.end(), s.known.begin());
@@ -86,7 +71,7 @@ void load_table() {
 // Runs the composition test (count, names and concentrations equal to the
 // stored ones), checks a new mixture's names and stores a new list of names.
 Composition select(const Mixture& mix) {
-    const bool names_stored = same_names(mix);
+    const bool names_stored = fluiddata::same_as_stored(mix.names);
     if (names_stored && same_concentrations(mix)) return Composition::same;
     if (!all_known(mix)) return Composition::unknown;
     // A change of concentrations alone keeps the stored names and table rows.

@@ -58,10 +58,7 @@ bool select_mixture(const Mixture& mix) {
     if (!fluiddata::dbread()) fluiddata::readgas();
     for (const CompName& name : mix.names)
         if (!fluiddata::iscomp(name)) return false;
-    bool stored = fluiddata::stored_count() == mix.n();
-    for (int i = 0; stored && i < mix.n(); ++i)
-        stored = mix.names[static_cast<std::size_t>(i)] == fluiddata::stored_name(i + 1);
-    if (!stored) fluiddata::storeidx(mix.names);
+    if (!fluiddata::same_as_stored(mix.names)) fluiddata::storeidx(mix.names);
     return true;
 }
 

@@ -89,6 +89,18 @@ TEST_F(GasTable, StoreidxKeepsTheFormerRowOfANameNotInTheTable) {
     EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), 3);
 }
 
+TEST_F(GasTable, SameAsStoredMatchesOnlyTheStoredNamesInCountAndOrder) {
+    const std::vector<CompName> co_n2 = {CompName::from("CO"), CompName::from("N2  ")};
+    store({"CO", "N2"});
+    EXPECT_TRUE(fd::same_as_stored(co_n2));
+    EXPECT_FALSE(fd::same_as_stored(std::vector<CompName>{co_n2[1], co_n2[0]}));
+    EXPECT_FALSE(fd::same_as_stored(std::span(co_n2).first(1)));
+    EXPECT_FALSE(fd::same_as_stored({}));
+    store({});
+    EXPECT_TRUE(fd::same_as_stored({}));
+    EXPECT_FALSE(fd::same_as_stored(co_n2));
+}
+
 TEST_F(GasTable, WaterRowsKeepTheirFormerValueWhenTheTableHasNoneAndGiveTheSentinelsWithoutOne) {
     store({});
     EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), od::missing_row);  // nothing stored
