@@ -83,47 +83,49 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
     double hi = p_upper;
     if (first == 'v') hi = p_volume_coef / (input1 * mixinfo::mmol(mix));
     else if (first == 'd') hi = p_volume_coef * input1 / mixinfo::mmol(mix);
+    const auto solve = [&](auto f, double fixed, double target) {
+        return brent(f, 1, fixed, target, lo, hi, solve_tol, mix, ierr);
+    };
 
-    const double t = input1 + celsius_offset;  // the "T" rows
+    const double t = input1 + celsius_offset;               // the "T" rows
+    const double v = first == 'd' ? 1.0 / input1 : input1;  // the "v" and "d" rows
+    const double e1 = input1 * kj_to_j;                     // a first "h" or "s"
+    const double e2 = input2 * kj_to_j;                     // a second "h", "s" or "u"
     switch (pair(first, second)) {
     case pair('T', 'v'):
     case pair('T', 'd'): {
-        const double v = second == 'v' ? input2 : 1.0 / input2;
-        if (has_water(mix)) return brent(thermodyn::v_pt, 1, t, v, lo, hi, solve_tol, mix, ierr);
-        return r_gas * t / (v * mixinfo::mmol(mix));
+        const double vt = second == 'v' ? input2 : 1.0 / input2;
+        if (has_water(mix)) return solve(thermodyn::v_pt, t, vt);
+        return r_gas * t / (vt * mixinfo::mmol(mix));
     }
     case pair('T', 'h'):
         // Intended: without condensing water h and u do not depend on p (code 7).
-        if (has_water(mix)) return brent(thermodyn::h_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        if (has_water(mix)) return solve(thermodyn::h_pt, t, e2);
         ierr = err_p_undetermined;
         return 0.0;
     case pair('T', 's'):
-        return brent(thermodyn::s_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(thermodyn::s_pt, t, e2);
     case pair('T', 'u'):
-        if (has_water(mix)) return brent(thermodyn::u_pt, 1, t, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        if (has_water(mix)) return solve(thermodyn::u_pt, t, e2);
         ierr = err_p_undetermined;
         return 0.0;
     case pair('v', 'h'):
-    case pair('d', 'h'): {
-        const double v = first == 'v' ? input1 : 1.0 / input1;
-        return brent(h_pv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
-    }
+    case pair('d', 'h'):
+        return solve(h_pv, v, e2);
     case pair('v', 's'):
-    case pair('d', 's'): {
+    case pair('d', 's'):
         // Intended: the pressure matches the volume at the held entropy, while
         // get_t matches the entropy at the held volume.
-        const double v = first == 'v' ? input1 : 1.0 / input1;
-        return brent(v_ps, 1, input2 * kj_to_j, v, lo, hi, solve_tol, mix, ierr);
-    }
+        return solve(v_ps, e2, v);
     case pair('v', 'u'):
-        return p_from_vu(input1, input2 * kj_to_j, lo, hi, has_water(mix), mix, ierr);
+        return p_from_vu(v, e2, lo, hi, has_water(mix), mix, ierr);
     case pair('d', 'u'):
         // Intended: only "vu" retries; "du" solves once.
-        return p_from_vu(1.0 / input1, input2 * kj_to_j, lo, hi, false, mix, ierr);
+        return p_from_vu(v, e2, lo, hi, false, mix, ierr);
     case pair('h', 's'):
-        return brent(h_ps, 1, input2 * kj_to_j, input1 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(h_ps, e2, e1);
     case pair('s', 'u'):
-        return brent(u_ps, 1, input1 * kj_to_j, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(u_ps, e1, e2);
     default:
         ierr = err_unknown_spec;
         return 0.0;
@@ -137,35 +139,40 @@ double get_t(std::string_view inputspec, double input1, double input2, const Mix
 
     double lo = t_lower;
     double hi = mixinfo::tmax(mix);
-    const double p = input1 * bar_to_pa;  // the "P" rows
-    const double v = first == 'd' ? 1.0 / input1 : input1;  // the "v" and "d" rows
+    const auto solve = [&](auto f, int which, double fixed, double target) {
+        return brent(f, which, fixed, target, lo, hi, solve_tol, mix, ierr);
+    };
 
+    const double p = input1 * bar_to_pa;                    // the "P" rows
+    const double v = first == 'd' ? 1.0 / input1 : input1;  // the "v" and "d" rows
+    const double e1 = input1 * kj_to_j;                     // a first "h" or "s"
+    const double e2 = input2 * kj_to_j;                     // a second "h", "s" or "u"
     switch (pair(first, second)) {
     case pair('P', 'v'):
     case pair('P', 'd'): {
         const double vp = second == 'v' ? input2 : 1.0 / input2;
-        if (has_water(mix)) return brent(thermodyn::v_pt, 2, p, vp, lo, hi, solve_tol, mix, ierr);
+        if (has_water(mix)) return solve(thermodyn::v_pt, 2, p, vp);
         return p * vp * mixinfo::mmol(mix) / r_gas;
     }
     case pair('P', 'h'):
-        return brent(thermodyn::h_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(thermodyn::h_pt, 2, p, e2);
     case pair('P', 's'):
-        return brent(thermodyn::s_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(thermodyn::s_pt, 2, p, e2);
     case pair('P', 'u'):
-        return brent(thermodyn::u_pt, 2, p, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(thermodyn::u_pt, 2, p, e2);
     case pair('v', 'h'):
     case pair('d', 'h'):
-        return brent(h_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(h_tv, 1, v, e2);
     case pair('v', 's'):
     case pair('d', 's'):
-        return brent(s_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(s_tv, 1, v, e2);
     case pair('v', 'u'):
     case pair('d', 'u'):
-        return brent(u_tv, 1, v, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(u_tv, 1, v, e2);
     case pair('h', 's'):
-        return brent(h_ts, 1, input2 * kj_to_j, input1 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(h_ts, 1, e2, e1);
     case pair('s', 'u'):
-        return brent(u_ts, 1, input1 * kj_to_j, input2 * kj_to_j, lo, hi, solve_tol, mix, ierr);
+        return solve(u_ts, 1, e1, e2);
     default:
         ierr = err_unknown_spec;
         return 0.0;
