@@ -125,15 +125,17 @@ detail::GibbsTerms evaluate(double p, double t) {
         return x4 * x4 * x2;
     };
     const double rr = tenth(be / bl);
+    const double l_rate = 10.0 * blp / bl;  // d ln(L^10) / d theta
     double s9 = 0.0, s9p = 0.0, s9pp = 0.0, e9 = 0.0, g9 = 0.0;
     for (std::size_t l = 0; l < coef_b9.size(); ++l) {
         const double v = coef_b9[l] * xp[l];
         const double ld = static_cast<double>(l);
+        const double rate = l_rate + ld * b;
         s9 += v;
         s9p += ld * v;
         s9pp += ld * ld * v;
-        e9 += v * (1.0 + th * (10.0 * blp / bl + ld * b));
-        g9 += v * (10.0 * blp / bl + ld * b);
+        e9 += v * (1.0 + th * rate);
+        g9 += v * rate;
     }
     chi += 11.0 * rr * s9;
     eps += be * rr * e9;
