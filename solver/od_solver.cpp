@@ -5,6 +5,7 @@
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_units.hpp"
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_h2o.hpp"
 #include "thermo/od_mixinfo.hpp"
 #include "thermo/od_thermodyn.hpp"
 
@@ -28,8 +29,6 @@ constexpr double vu_retry_upper_factor = 0.95;
 // A bracket with positive ends closes (or overflows to NaN) within some 330
 // rounds; one with a negative end would widen for ever.
 constexpr int vu_retry_limit = 400;
-
-const CompName water_name = CompName::from("H2O(IF)");
 
 // The two letters as one number, for a switch over the known pairs.
 constexpr int pair(char first, char second) {
@@ -70,7 +69,7 @@ std::array<char, 2> spec_letters(std::string_view inputspec) {
 
 bool has_water(const Mixture& mix) {
     bool found = false;
-    for (const CompName& name : mix.names) found = found || name == water_name;
+    for (const CompName& name : mix.names) found = found || name == h2o::water_if;
     return found;
 }
 

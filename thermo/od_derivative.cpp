@@ -3,12 +3,12 @@
 #include "thermo/od_derivative.hpp"
 
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_h2o.hpp"
 #include "thermo/od_mixinfo.hpp"
 
 namespace od::derivative {
 namespace {
 using basefuncs::r_gas;
-const CompName water_if = CompName::from("H2O(IF)");
 const CompName water = CompName::from("H2O");
 }  // namespace
 
@@ -34,7 +34,7 @@ double dcv_dt(double t, const Mixture& mix) {
     double sum = 0.0;
     // Intended: every component counts here, without the threshold of the state sums.
     for (int i = 0; i < mix.n(); ++i) {
-        const CompName& name = mix.names[i] == water_if ? water : mix.names[i];
+        const CompName& name = mix.names[i] == h2o::water_if ? water : mix.names[i];
         sum += mix.conc[i] * basefuncs::dcv_dt_0(name, t);
     }
     const double m = mixinfo::mmol(mix);

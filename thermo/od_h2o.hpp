@@ -3,7 +3,12 @@
 #pragma once
 #include <string_view>
 
+#include "fluiddata/od_types.hpp"
+
 namespace od::h2o {
+
+// The mixture component whose terms this module gives.
+inline const CompName water_if = CompName::from("H2O(IF)");
 
 // Gateway to the IF97 adapter in SI units: spec letters as the adapter's,
 // value1/value2 in Pa or K (converted to bar / degrees Celsius), result in

@@ -15,9 +15,7 @@ namespace {
 using basefuncs::r_gas;
 
 inline constexpr double negligible = 1e-10;  // concentrations at or below are skipped
-const CompName water_if = CompName::from("H2O(IF)");
-
-bool is_water_if(const CompName& name) { return name == water_if; }
+bool is_water_if(const CompName& name) { return name == h2o::water_if; }
 
 // Moles of gas phase per mole of mixture: the sum of the gas-phase
 // concentrations, reduced when the condensing water exceeds saturation.
