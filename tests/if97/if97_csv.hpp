@@ -1,9 +1,12 @@
-// Reader of the reference tables in tests/data/if97: a first comment line
-// naming the source, a header naming columns and units, then rows.
+// Reader of the reference tables in tests/data: comment lines start with
+// '#', the first other line names the columns and units, then one row a line.
 #pragma once
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <ostream>
 #include <sstream>
@@ -36,30 +39,64 @@ struct Row {
     }
 };
 
-inline void PrintTo(const Row& r, std::ostream* os) { *os << r.label; }
+inline std::ostream& operator<<(std::ostream& os, const Row& r) { return os << r.label; }
 
-inline std::vector<Row> load_table(const std::string& file) {
+// Rows of tests/data/<path>; an unreadable file gives no rows, which leaves
+// its parameterised suite without cases and fails it.
+inline std::vector<Row> load_table(const std::string& path) {
     std::vector<Row> rows;
-    std::ifstream in(std::string(ONDREL_TEST_DATA_DIR) + "if97/" + file);
+    std::ifstream in(std::string(ONDREL_TEST_DATA_DIR) + path);
     std::string line;
     std::vector<std::string> header;
-    while (std::getline(in, line)) {
+    for (int number = 1; std::getline(in, line); ++number) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
         if (line.empty() || line[0] == '#') continue;
         std::vector<std::string> fields;
         std::stringstream ss(line);
-        std::string f;
-        while (std::getline(ss, f, ',')) fields.push_back(f);
-        if (!line.empty() && line.back() == ',') fields.emplace_back();
+        for (std::string f; std::getline(ss, f, ',');) fields.push_back(f);
+        if (line.back() == ',') fields.emplace_back();
         if (header.empty()) {
             header = fields;
             continue;
         }
-        Row r;
-        r.label = file + " row " + std::to_string(rows.size() + 1);
+        Row r{path + ":" + std::to_string(number), {}};
         for (std::size_t k = 0; k < header.size() && k < fields.size(); ++k) r.cells[header[k]] = fields[k];
         rows.push_back(r);
     }
     return rows;
+}
+
+// A reference table's rows, each with the function giving the values its
+// columns must reproduce: a negative tolerance means half a unit in the
+// last digit printed in the table.
+struct Out {
+    std::string col;
+    double value;
+    double tol = -1.0;
+};
+using Compute = std::function<std::vector<Out>(const Row&)>;
+struct Case {
+    Row row;
+    Compute compute;
+};
+inline std::ostream& operator<<(std::ostream& os, const Case& c) { return os << c.row; }
+
+inline std::vector<Case> cases(const std::string& dir, const std::map<std::string, Compute>& tables) {
+    std::vector<Case> out;
+    for (const auto& [file, compute] : tables) {
+        for (Row& r : load_table(dir + file)) out.push_back({r, compute});
+    }
+    return out;
+}
+
+inline void expect_row(const Case& c) {
+    int checked = 0;
+    for (const Out& o : c.compute(c.row)) {
+        if (!c.row.has(o.col)) continue;
+        EXPECT_NEAR(o.value, c.row.num(o.col), o.tol < 0 ? c.row.half_last_digit(o.col) : o.tol) << o.col;
+        ++checked;
+    }
+    EXPECT_GT(checked, 0) << "no column of the row was checked";
 }
 
 }  // namespace if97_test

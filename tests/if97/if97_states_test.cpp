@@ -26,7 +26,7 @@ std::vector<Row> off_region_lines(std::vector<Row> rows) {
 
 std::vector<Row> rows_with_inputs(const std::vector<std::string>& kinds) {
     std::vector<Row> out;
-    for (Row& r : load_table("states.csv")) {
+    for (Row& r : load_table("if97/states.csv")) {
         for (const std::string& k : kinds) {
             if (r.text("inputs") == k) {
                 r.label = r.text("case");
