@@ -4,72 +4,46 @@
 
 #include <cmath>
 #include <limits>
+#include <map>
+#include <string>
 
 #include "if97/if97_backward.hpp"
+#include "tests/if97/if97_csv.hpp"
 
 namespace bw = if97::backward;
+using if97_test::Row;
 
 namespace {
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-constexpr double eps = 1e-6;
 
-TEST(Region2Choice, UsesSubregion2aUpToFourMegapascal) {
-    EXPECT_EQ(bw::t_ph_region2(4.0, 3000.0), bw::t_ph_region2a(4.0, 3000.0));
-    EXPECT_EQ(bw::t_ps_region2(4.0, 5.9), bw::t_ps_region2a(4.0, 5.9));
-    EXPECT_EQ(bw::t_ph_region2(4.0 + eps, 3000.0), bw::t_ph_region2b(4.0 + eps, 3000.0));
-    EXPECT_EQ(bw::t_ps_region2(4.0 + eps, 6.0), bw::t_ps_region2b(4.0 + eps, 6.0));
-}
+using Fn2 = double (*)(double, double);
+struct Chooser {
+    Fn2 chosen;
+    std::map<std::string, Fn2> named;
+};
 
-TEST(Region2Choice, UsesSubregion2bBelowTheStartOfB2bc) {
-    // B2bc starts at 6.5467 MPa; from 4 MPa up to there every state is 2b,
-    // including enthalpies below the 2778.27 kJ/kg of the B2bc start.
-    EXPECT_EQ(bw::t_ph_region2(5.0, 2790.0), bw::t_ph_region2b(5.0, 2790.0));
-    EXPECT_EQ(bw::t_ph_region2(6.5, 2780.0), bw::t_ph_region2b(6.5, 2780.0));
+// Each point must get exactly the answer of the sub-region's own equation,
+// on the line itself and on either side of it.
+class SubregionChoice : public testing::TestWithParam<Row> {};
+TEST_P(SubregionChoice, UsesTheEquationOfTheSideThePointIsOn) {
+    const std::map<std::string, Chooser> choosers{
+        {"t_ph_region2", {bw::t_ph_region2, {{"2a", bw::t_ph_region2a}, {"2b", bw::t_ph_region2b}, {"2c", bw::t_ph_region2c}}}},
+        {"t_ps_region2", {bw::t_ps_region2, {{"2a", bw::t_ps_region2a}, {"2b", bw::t_ps_region2b}, {"2c", bw::t_ps_region2c}}}},
+        {"p_hs_region2", {bw::p_hs_region2, {{"2a", bw::p_hs_region2a}, {"2b", bw::p_hs_region2b}, {"2c", bw::p_hs_region2c}}}},
+        {"t_ph_region3", {bw::t_ph_region3, {{"3a", bw::t_ph_region3a}, {"3b", bw::t_ph_region3b}}}},
+        {"v_ph_region3", {bw::v_ph_region3, {{"3a", bw::v_ph_region3a}, {"3b", bw::v_ph_region3b}}}},
+        {"t_ps_region3", {bw::t_ps_region3, {{"3a", bw::t_ps_region3a}, {"3b", bw::t_ps_region3b}}}},
+        {"v_ps_region3", {bw::v_ps_region3, {{"3a", bw::v_ps_region3a}, {"3b", bw::v_ps_region3b}}}},
+        {"p_hs_region3", {bw::p_hs_region3, {{"3a", bw::p_hs_region3a}, {"3b", bw::p_hs_region3b}}}}};
+    const Row& r = GetParam();
+    const Chooser& c = choosers.at(r.text("function"));
+    const double a = r.num("a_MPa_or_kJ_per_kg");
+    const double b = r.num("b_kJ_per_kg_or_kJ_per_kgK");
+    EXPECT_EQ(c.chosen(a, b), c.named.at(r.text("subregion"))(a, b));
 }
-
-TEST(Region2Choice, SplitsAtB2bcAbove6Point5Megapascal) {
-    for (double p : {10.0, 40.0, 90.0}) {
-        const double h = bw::h_b2bc_p(p);
-        EXPECT_EQ(bw::t_ph_region2(p, h + eps), bw::t_ph_region2b(p, h + eps)) << p;
-        EXPECT_EQ(bw::t_ph_region2(p, h - eps), bw::t_ph_region2c(p, h - eps)) << p;
-    }
-}
-
-TEST(Region2Choice, SplitsTpsAtEntropy5Point85) {
-    EXPECT_EQ(bw::t_ps_region2(20.0, 5.85), bw::t_ps_region2b(20.0, 5.85));
-    EXPECT_EQ(bw::t_ps_region2(20.0, 5.85 - eps), bw::t_ps_region2c(20.0, 5.85 - eps));
-}
-
-TEST(Region2Choice, SplitsPhsAtH2abThenAtEntropy5Point85) {
-    for (double s : {6.0, 7.0, 8.5}) {
-        const double h = bw::h_2ab_s(s);
-        EXPECT_EQ(bw::p_hs_region2(h - eps, s), bw::p_hs_region2a(h - eps, s)) << s;
-        EXPECT_EQ(bw::p_hs_region2(h + eps, s), bw::p_hs_region2b(h + eps, s)) << s;
-    }
-    EXPECT_EQ(bw::p_hs_region2(3000.0, 5.85), bw::p_hs_region2b(3000.0, 5.85));
-    EXPECT_EQ(bw::p_hs_region2(3000.0, 5.85 - eps), bw::p_hs_region2c(3000.0, 5.85 - eps));
-}
-
-TEST(Region3Choice, SplitsPhAtH3ab) {
-    for (double p : {25.0, 50.0, 100.0}) {
-        const double h = bw::h_3ab_p(p);
-        EXPECT_EQ(bw::t_ph_region3(p, h), bw::t_ph_region3a(p, h)) << p;
-        EXPECT_EQ(bw::v_ph_region3(p, h), bw::v_ph_region3a(p, h)) << p;
-        EXPECT_EQ(bw::t_ph_region3(p, h + eps), bw::t_ph_region3b(p, h + eps)) << p;
-        EXPECT_EQ(bw::v_ph_region3(p, h + eps), bw::v_ph_region3b(p, h + eps)) << p;
-    }
-}
-
-TEST(Region3Choice, SplitsPsAndHsAtTheCriticalEntropy) {
-    const double sc = bw::s_crit;
-    EXPECT_EQ(bw::t_ps_region3(30.0, sc), bw::t_ps_region3a(30.0, sc));
-    EXPECT_EQ(bw::v_ps_region3(30.0, sc), bw::v_ps_region3a(30.0, sc));
-    EXPECT_EQ(bw::t_ps_region3(30.0, sc + eps), bw::t_ps_region3b(30.0, sc + eps));
-    EXPECT_EQ(bw::v_ps_region3(30.0, sc + eps), bw::v_ps_region3b(30.0, sc + eps));
-    EXPECT_EQ(bw::p_hs_region3(2100.0, sc), bw::p_hs_region3a(2100.0, sc));
-    EXPECT_EQ(bw::p_hs_region3(2100.0, sc + eps), bw::p_hs_region3b(2100.0, sc + eps));
-}
+INSTANTIATE_TEST_SUITE_P(Rows, SubregionChoice,
+                         testing::ValuesIn(if97_test::load_table("if97_backward/subregion_choice.csv")));
 
 TEST(Region3Choice, SubregionsMeetContinuouslyAtTheirBoundaries) {
     // Equations of neighbouring sub-regions agree on the boundary within the
