@@ -19,10 +19,7 @@ struct Row {
     std::string label;
     std::map<std::string, std::string> cells;
 
-    bool has(const std::string& col) const {
-        auto it = cells.find(col);
-        return it != cells.end() && !it->second.empty();
-    }
+    bool has(const std::string& col) const { return cells.contains(col) && !cells.at(col).empty(); }
     double num(const std::string& col) const { return std::strtod(cells.at(col).c_str(), nullptr); }
     const std::string& text(const std::string& col) const { return cells.at(col); }
 

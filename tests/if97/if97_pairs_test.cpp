@@ -122,10 +122,6 @@ TEST(Region3Derivatives, MatchCentralDifferences) {
     }
 }
 
-}  // namespace
-
-namespace {
-
 // The light isobar evaluations give the full equations' h, s and cp, and
 // dcp/dT as the difference of cp.
 TEST(IsobarEvaluation, AgreesWithTheFullGibbsEquations) {
