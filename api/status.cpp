@@ -1,6 +1,8 @@
 // The message texts of the modern API's status codes, each spelled once.
 #include "ondrel/status.hpp"
 
+#include "ondrel/c/status.h"
+
 #include <array>
 
 namespace ondrel {
@@ -30,5 +32,15 @@ std::string_view message(Status status) {
     const auto i = static_cast<std::size_t>(status);
     return i < messages.size() ? messages[i] : std::string_view("unknown status");
 }
+
+}  // namespace ondrel
+
+// Every text above is a literal, so its view ends in a NUL.
+extern "C" const char* ondrel_message(int status) {
+    if (status < 0) return "unknown status";
+    return ondrel::message(static_cast<ondrel::Status>(status)).data();
+}
+
+namespace ondrel {
 
 }  // namespace ondrel
