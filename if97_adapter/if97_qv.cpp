@@ -56,8 +56,7 @@ char spec_letter(std::string_view spec, std::size_t k) { return k < spec.size() 
 // Translates the input letters into the module state and returns the values
 // to send. Density becomes specific volume in either position; quality "q"
 // becomes "x" in the second position only.
-std::pair<double, double> translate_inputs(std::string_view spec, double value1, double value2) {
-    State& st = mutable_state();
+std::pair<double, double> translate_inputs(State& st, std::string_view spec, double value1, double value2) {
     st.code1 = spec_letter(spec, 0);
     st.code2 = spec_letter(spec, 1);
     if (st.code1 == 'd') {
@@ -77,7 +76,7 @@ std::pair<double, double> translate_inputs(std::string_view spec, double value1,
 // Stores the property text for the library: the host name translated when
 // the whole text is one of the translated names, else the text as it is;
 // then a full stop, then blanks to the fixed width (longer text is cut).
-void set_property_text(std::string_view property) {
+void set_property_text(State& st, std::string_view property) {
     std::string_view text = trim_right(property);
     // Intended: a list is translated only as a whole, never name by name.
     for (const Translation& t : translations) {
@@ -89,20 +88,18 @@ void set_property_text(std::string_view property) {
     std::string full(text);
     // Intended: a name that already ends in a full stop reaches the library with two.
     full += list_end;
-    State& st = mutable_state();
     st.property_text.fill(' ');
     std::copy_n(full.begin(), std::min(full.size(), st.property_text.size()), st.property_text.begin());
 }
 
 // The common path of if97_prop, if97_props and if97_allprops: message and
 // slots preset, inputs and names translated, library called.
-void call_library(std::string_view spec, double value1, double value2, std::string_view property,
+void call_library(State& st, std::string_view spec, double value1, double value2, std::string_view property,
                   std::span<double> slots, std::string& message) {
     message = msg_no_errors;
     std::fill(slots.begin(), slots.end(), missing_value);
-    const auto [v1, v2] = translate_inputs(spec, value1, value2);
-    set_property_text(property);
-    const State& st = mutable_state();
+    const auto [v1, v2] = translate_inputs(st, spec, value1, value2);
+    set_property_text(st, property);
     if97::if97_main(st.code1, v1, st.code2, v2, st.property(), slots, message);
     // Intended: inverted even when the library left the preset -8888.8.
     if (trim_right(property) == density && !slots.empty()) slots[0] = 1.0 / slots[0];
@@ -132,11 +129,15 @@ double if97_getinfo(std::string_view info, std::string& message) {
     return 0.0;
 }
 
+double if97_prop(State& st, std::string_view spec, double value1, double value2, std::string_view property,
+                 std::string& message) {
+    call_library(st, spec, value1, value2, property, std::span<double>(&st.single_result, 1), message);
+    return st.single_result;
+}
+
 double if97_prop(std::string_view spec, double value1, double value2, std::string_view property,
                  std::string& message) {
-    State& st = mutable_state();
-    call_library(spec, value1, value2, property, std::span<double>(&st.single_result, 1), message);
-    return st.single_result;
+    return if97_prop(mutable_state(), spec, value1, value2, property, message);
 }
 
 std::size_t result_count(std::string_view properties) {
@@ -145,12 +146,12 @@ std::size_t result_count(std::string_view properties) {
 
 void if97_props(std::string_view spec, double value1, double value2, std::string_view properties,
                 std::span<double> results, std::string& message) {
-    call_library(spec, value1, value2, properties, results, message);
+    call_library(mutable_state(), spec, value1, value2, properties, results, message);
 }
 
 AllProps if97_allprops(std::string_view spec, double value1, double value2, std::string& message) {
     State& st = mutable_state();
-    call_library(spec, value1, value2, allprops_names, st.block, message);
+    call_library(st, spec, value1, value2, allprops_names, st.block, message);
     const auto& r = st.block;
     AllProps a;
     a.p = r[0];

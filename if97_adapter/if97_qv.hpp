@@ -39,7 +39,7 @@ struct State {
     std::string_view property() const { return {property_text.data(), property_text.size()}; }
 };
 
-// The module state, for reading.
+// The module state of the exported routines, for reading.
 const State& state();
 // Test hook: the state as at load (blank codes and text, zero slots).
 void reset_for_tests();
@@ -57,6 +57,9 @@ double if97_getinfo(std::string_view info, std::string& message);
 // Celsius, kJ/kg, ...). message receives "No errors" or the library's message.
 // A property the library does not deliver reads -8888.8.
 double if97_prop(std::string_view spec, double value1, double value2,
+                 std::string_view property, std::string& message);
+// The same on the caller's state instead of the module's (one per thread).
+double if97_prop(State& st, std::string_view spec, double value1, double value2,
                  std::string_view property, std::string& message);
 
 // Entries of a result list that if97_props fills for the caller's property

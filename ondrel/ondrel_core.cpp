@@ -114,12 +114,13 @@ bool prepare_state(std::string_view inputspec, double input1, double input2, int
     s.od_input1 = input1;
     s.od_input2 = input2;
     // Intended: the solver's code is not tested here; evaluation goes on at its result.
-    s.p = solver::get_p(inputspec, input1, input2, mix, errcode);
-    s.t = solver::get_t(inputspec, input1, input2, mix, errcode);
+    const StoredRows rows(mix);
+    s.p = solver::core::get_p(default_context(), inputspec, input1, input2, rows, errcode);
+    s.t = solver::core::get_t(default_context(), inputspec, input1, input2, rows, errcode);
     return true;
 }
 
-using Evaluator = double (*)(double p, double t, const Mixture& mix);
+using Evaluator = double (*)(Context& ctx, double p, double t, const MixtureRows& mix);
 struct Property {
     std::string_view name;
     Evaluator value;
@@ -127,23 +128,26 @@ struct Property {
 
 // Property names in the order they are tested, each with its evaluation and
 // conversion to interface units.
+using R = const MixtureRows&;
+namespace td = thermodyn::core;
+namespace dv = derivative;
 constexpr std::array<Property, 16> properties = {{
-    {"P", [](double p, double, const Mixture&) { return p * pa_to_bar; }},
-    {"T", [](double, double t, const Mixture&) { return t - celsius_offset; }},
-    {"v", [](double p, double t, const Mixture& m) { return thermodyn::v_pt(p, t, m); }},
-    {"d", [](double p, double t, const Mixture& m) { return 1.0 / thermodyn::v_pt(p, t, m); }},
-    {"h", [](double p, double t, const Mixture& m) { return thermodyn::h_pt(p, t, m) * j_to_kj; }},
-    {"s", [](double p, double t, const Mixture& m) { return thermodyn::s_pt(p, t, m) * j_to_kj; }},
-    {"u", [](double p, double t, const Mixture& m) { return thermodyn::u_pt(p, t, m) * j_to_kj; }},
-    {"cv", [](double p, double t, const Mixture& m) { return thermodyn::cv_pt(p, t, m) * j_to_kj; }},
-    {"dP_dT", [](double p, double t, const Mixture&) { return derivative::dp_dt(p, t); }},
-    {"dP_dv", [](double p, double t, const Mixture& m) { return derivative::dp_dv(p, t, m); }},
-    {"d2P_dT2", [](double, double, const Mixture&) { return derivative::d2p_dt2(); }},
-    {"d2P_dv2", [](double p, double t, const Mixture& m) { return derivative::d2p_dv2(p, t, m); }},
-    {"d2P_dTdv", [](double p, double t, const Mixture& m) { return derivative::d2p_dtdv(p, t, m); }},
-    {"dCv_dT", [](double, double t, const Mixture& m) { return derivative::dcv_dt(t, m); }},
-    {"eta", [](double, double t, const Mixture& m) { return transport::eta_t(t, m); }},
-    {"lambda", [](double p, double t, const Mixture& m) { return transport::lambda_pt(p, t, m); }},
+    {"P", [](Context&, double p, double, R) { return p * pa_to_bar; }},
+    {"T", [](Context&, double, double t, R) { return t - celsius_offset; }},
+    {"v", [](Context& c, double p, double t, R m) { return td::v_pt(c, p, t, m); }},
+    {"d", [](Context& c, double p, double t, R m) { return 1.0 / td::v_pt(c, p, t, m); }},
+    {"h", [](Context& c, double p, double t, R m) { return td::h_pt(c, p, t, m) * j_to_kj; }},
+    {"s", [](Context& c, double p, double t, R m) { return td::s_pt(c, p, t, m) * j_to_kj; }},
+    {"u", [](Context& c, double p, double t, R m) { return td::u_pt(c, p, t, m) * j_to_kj; }},
+    {"cv", [](Context& c, double p, double t, R m) { return td::cv_pt(c, p, t, m) * j_to_kj; }},
+    {"dP_dT", [](Context&, double p, double t, R) { return dv::dp_dt(p, t); }},
+    {"dP_dv", [](Context&, double p, double t, R m) { return dv::dp_dv(p, t, m); }},
+    {"d2P_dT2", [](Context&, double, double, R) { return dv::d2p_dt2(); }},
+    {"d2P_dv2", [](Context&, double p, double t, R m) { return dv::d2p_dv2(p, t, m); }},
+    {"d2P_dTdv", [](Context&, double p, double t, R m) { return dv::d2p_dtdv(p, t, m); }},
+    {"dCv_dT", [](Context&, double, double t, R m) { return dv::dcv_dt(t, m); }},
+    {"eta", [](Context&, double, double t, R m) { return transport::core::eta_t(t, m); }},
+    {"lambda", [](Context& c, double p, double t, R m) { return transport::core::lambda_pt(c, p, t, m); }},
 }};
 
 }  // namespace
@@ -157,7 +161,7 @@ double od_prop(std::string_view inputspec, double input1, double input2, int nco
     const std::string_view wanted = ftn::trim(outname);
     const State& s = state();
     for (const Property& prop : properties)
-        if (prop.name == wanted) return prop.value(s.p, s.t, mix);
+        if (prop.name == wanted) return prop.value(default_context(), s.p, s.t, StoredRows(mix));
     errcode = err_unknown_property;
     return missing_value;
 }
@@ -171,23 +175,26 @@ AllProps od_allprops(std::string_view inputspec, double input1, double input2, i
     }
     const double p = state().p;
     const double t = state().t;
+    const StoredRows stored(mix);
+    const MixtureRows& rows = stored;
+    Context& ctx = default_context();
     AllProps r{};
     r.P = p * pa_to_bar;
     r.T = t - celsius_offset;
-    r.v = thermodyn::v_pt(p, t, mix);
+    r.v = thermodyn::core::v_pt(ctx, p, t, rows);
     r.d = 1.0 / r.v;
-    r.h = thermodyn::h_pt(p, t, mix) * j_to_kj;
-    r.s = thermodyn::s_pt(p, t, mix) * j_to_kj;
-    r.u = thermodyn::u_pt(p, t, mix) * j_to_kj;
-    r.cv = thermodyn::cv_pt(p, t, mix) * j_to_kj;
+    r.h = thermodyn::core::h_pt(ctx, p, t, rows) * j_to_kj;
+    r.s = thermodyn::core::s_pt(ctx, p, t, rows) * j_to_kj;
+    r.u = thermodyn::core::u_pt(ctx, p, t, rows) * j_to_kj;
+    r.cv = thermodyn::core::cv_pt(ctx, p, t, rows) * j_to_kj;
     r.dP_dT = derivative::dp_dt(p, t);
-    r.dP_dv = derivative::dp_dv(p, t, mix);
+    r.dP_dv = derivative::dp_dv(p, t, rows);
     r.d2P_dT2 = derivative::d2p_dt2();
-    r.d2P_dv2 = derivative::d2p_dv2(p, t, mix);
-    r.d2P_dTdv = derivative::d2p_dtdv(p, t, mix);
-    r.dCv_dT = derivative::dcv_dt(t, mix);
-    r.eta = transport::eta_t(t, mix);
-    r.lambda = transport::lambda_pt(p, t, mix);
+    r.d2P_dv2 = derivative::d2p_dv2(p, t, rows);
+    r.d2P_dTdv = derivative::d2p_dtdv(p, t, rows);
+    r.dCv_dT = derivative::dcv_dt(t, rows);
+    r.eta = transport::core::eta_t(t, rows);
+    r.lambda = transport::core::lambda_pt(ctx, p, t, rows);
     return r;
 }
 

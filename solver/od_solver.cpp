@@ -35,10 +35,24 @@ constexpr int pair(char first, char second) {
     return (static_cast<unsigned char>(first) << 8) | static_cast<unsigned char>(second);
 }
 
+}  // namespace
+
+namespace core {
+namespace {
+
+// A state function of the core: f(ctx, x1, x2, mix).
+using CoreFn = double (*)(Context& ctx, double x1, double x2, const MixtureRows& mix);
+
+// f(ctx, x1, x2, mix) as a property function of brent.
+auto on(Context& ctx, CoreFn f) {
+    return [&ctx, f](double x1, double x2, const MixtureRows& mix) { return f(ctx, x1, x2, mix); };
+}
+
 // Pressure for "vu"/"du": u_pv(p, v) = u over p; with water present the
 // bracket is narrowed and the solution repeated while it fails.
-double p_from_vu(double v, double u, double lo, double hi, bool retry, const Mixture& mix, int& ierr) {
-    double p = brent(u_pv, 1, v, u, lo, hi, solve_tol, mix, ierr);
+double p_from_vu(Context& ctx, double v, double u, double lo, double hi, bool retry, const MixtureRows& mix,
+                 int& ierr) {
+    double p = brent(on(ctx, u_pv), 1, v, u, lo, hi, solve_tol, mix, ierr);
     if (!retry) return p;
     // Intended: the loop reads the caller's ierr, which is not cleared before the
     // first solution, so an earlier failure makes the retry run anyway.
@@ -46,12 +60,13 @@ double p_from_vu(double v, double u, double lo, double hi, bool retry, const Mix
         lo *= vu_retry_lower_factor;
         hi *= vu_retry_upper_factor;
         ierr = 0;
-        p = brent(u_pv, 1, v, u, lo, hi, solve_tol, mix, ierr);
+        p = brent(on(ctx, u_pv), 1, v, u, lo, hi, solve_tol, mix, ierr);
     }
     return p;
 }
 
 }  // namespace
+}  // namespace core
 
 bool select_mixture(const Mixture& mix) {
     if (!fluiddata::dbread()) fluiddata::readgas();
@@ -73,7 +88,16 @@ bool has_water(const Mixture& mix) {
     return found;
 }
 
-double get_p(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
+bool has_water(const MixtureRows& mix) {
+    bool found = false;
+    for (const Component& c : mix.comps) found = found || c.water_if;
+    return found;
+}
+
+namespace core {
+
+double get_p(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'P') return input1 * bar_to_pa;
     if (second == 'P') return input2 * bar_to_pa;
@@ -82,8 +106,8 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
     double hi = p_upper;
     if (first == 'v') hi = p_volume_coef / (input1 * mixinfo::mmol(mix));
     else if (first == 'd') hi = p_volume_coef * input1 / mixinfo::mmol(mix);
-    const auto solve = [&](auto f, double fixed, double target) {
-        return brent(f, 1, fixed, target, lo, hi, solve_tol, mix, ierr);
+    const auto solve = [&](CoreFn f, double fixed, double target) {
+        return brent(on(ctx, f), 1, fixed, target, lo, hi, solve_tol, mix, ierr);
     };
 
     const double t = input1 + celsius_offset;               // the "T" rows
@@ -94,18 +118,18 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
     case pair('T', 'v'):
     case pair('T', 'd'): {
         const double vt = second == 'v' ? input2 : 1.0 / input2;
-        if (has_water(mix)) return solve(thermodyn::v_pt, t, vt);
+        if (has_water(mix)) return solve(thermodyn::core::v_pt, t, vt);
         return r_gas * t / (vt * mixinfo::mmol(mix));
     }
     case pair('T', 'h'):
         // Intended: without condensing water h and u do not depend on p (code 7).
-        if (has_water(mix)) return solve(thermodyn::h_pt, t, e2);
+        if (has_water(mix)) return solve(thermodyn::core::h_pt, t, e2);
         ierr = err_p_undetermined;
         return 0.0;
     case pair('T', 's'):
-        return solve(thermodyn::s_pt, t, e2);
+        return solve(thermodyn::core::s_pt, t, e2);
     case pair('T', 'u'):
-        if (has_water(mix)) return solve(thermodyn::u_pt, t, e2);
+        if (has_water(mix)) return solve(thermodyn::core::u_pt, t, e2);
         ierr = err_p_undetermined;
         return 0.0;
     case pair('v', 'h'):
@@ -117,10 +141,10 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
         // get_t matches the entropy at the held volume.
         return solve(v_ps, e2, v);
     case pair('v', 'u'):
-        return p_from_vu(v, e2, lo, hi, has_water(mix), mix, ierr);
+        return p_from_vu(ctx, v, e2, lo, hi, has_water(mix), mix, ierr);
     case pair('d', 'u'):
         // Intended: only "vu" retries; "du" solves once.
-        return p_from_vu(v, e2, lo, hi, false, mix, ierr);
+        return p_from_vu(ctx, v, e2, lo, hi, false, mix, ierr);
     case pair('h', 's'):
         return solve(h_ps, e2, e1);
     case pair('s', 'u'):
@@ -131,15 +155,16 @@ double get_p(std::string_view inputspec, double input1, double input2, const Mix
     }
 }
 
-double get_t(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
+double get_t(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'T') return input1 + celsius_offset;
     if (second == 'T') return input2 + celsius_offset;
 
     double lo = t_lower;
     double hi = mixinfo::tmax(mix);
-    const auto solve = [&](auto f, int which, double fixed, double target) {
-        return brent(f, which, fixed, target, lo, hi, solve_tol, mix, ierr);
+    const auto solve = [&](CoreFn f, int which, double fixed, double target) {
+        return brent(on(ctx, f), which, fixed, target, lo, hi, solve_tol, mix, ierr);
     };
 
     const double p = input1 * bar_to_pa;                    // the "P" rows
@@ -150,15 +175,15 @@ double get_t(std::string_view inputspec, double input1, double input2, const Mix
     case pair('P', 'v'):
     case pair('P', 'd'): {
         const double vp = second == 'v' ? input2 : 1.0 / input2;
-        if (has_water(mix)) return solve(thermodyn::v_pt, 2, p, vp);
+        if (has_water(mix)) return solve(thermodyn::core::v_pt, 2, p, vp);
         return p * vp * mixinfo::mmol(mix) / r_gas;
     }
     case pair('P', 'h'):
-        return solve(thermodyn::h_pt, 2, p, e2);
+        return solve(thermodyn::core::h_pt, 2, p, e2);
     case pair('P', 's'):
-        return solve(thermodyn::s_pt, 2, p, e2);
+        return solve(thermodyn::core::s_pt, 2, p, e2);
     case pair('P', 'u'):
-        return solve(thermodyn::u_pt, 2, p, e2);
+        return solve(thermodyn::core::u_pt, 2, p, e2);
     case pair('v', 'h'):
     case pair('d', 'h'):
         return solve(h_tv, 1, v, e2);
@@ -181,38 +206,72 @@ double get_t(std::string_view inputspec, double input1, double input2, const Mix
 // The inner solutions convert back to interface units because get_p and
 // get_t take them. Intended: their error code is dropped, and a failure value
 // (-8888.8 or 0.0) becomes the state variable.
-double t_at_pv(double p, double v, const Mixture& mix) {
+double t_at_pv(Context& ctx, double p, double v, const MixtureRows& mix) {
     int ignored = 0;
-    return get_t("Pv", p * pa_to_bar, v, mix, ignored);
+    return get_t(ctx, "Pv", p * pa_to_bar, v, mix, ignored);
 }
-double p_at_tv(double t, double v, const Mixture& mix) {
+double p_at_tv(Context& ctx, double t, double v, const MixtureRows& mix) {
     int ignored = 0;
-    return get_p("Tv", t - celsius_offset, v, mix, ignored);
+    return get_p(ctx, "Tv", t - celsius_offset, v, mix, ignored);
 }
-double t_at_ps(double p, double s, const Mixture& mix) {
+double t_at_ps(Context& ctx, double p, double s, const MixtureRows& mix) {
     int ignored = 0;
-    return get_t("Ps", p * pa_to_bar, s * j_to_kj, mix, ignored);
+    return get_t(ctx, "Ps", p * pa_to_bar, s * j_to_kj, mix, ignored);
 }
-double p_at_ts(double t, double s, const Mixture& mix) {
+double p_at_ts(Context& ctx, double t, double s, const MixtureRows& mix) {
     int ignored = 0;
-    return get_p("Ts", t - celsius_offset, s * j_to_kj, mix, ignored);
+    return get_p(ctx, "Ts", t - celsius_offset, s * j_to_kj, mix, ignored);
 }
 
-double h_pv(double p, double v, const Mixture& mix) { return thermodyn::h_pt(p, t_at_pv(p, v, mix), mix); }
-double s_pv(double p, double v, const Mixture& mix) { return thermodyn::s_pt(p, t_at_pv(p, v, mix), mix); }
-double u_pv(double p, double v, const Mixture& mix) { return thermodyn::u_pt(p, t_at_pv(p, v, mix), mix); }
-double h_tv(double t, double v, const Mixture& mix) { return thermodyn::h_pt(p_at_tv(t, v, mix), t, mix); }
-double s_tv(double t, double v, const Mixture& mix) { return thermodyn::s_pt(p_at_tv(t, v, mix), t, mix); }
-double u_tv(double t, double v, const Mixture& mix) { return thermodyn::u_pt(p_at_tv(t, v, mix), t, mix); }
-double h_ps(double p, double s, const Mixture& mix) { return thermodyn::h_pt(p, t_at_ps(p, s, mix), mix); }
-double u_ps(double p, double s, const Mixture& mix) { return thermodyn::u_pt(p, t_at_ps(p, s, mix), mix); }
-double v_ps(double p, double s, const Mixture& mix) { return thermodyn::v_pt(p, t_at_ps(p, s, mix), mix); }
-double h_ts(double t, double s, const Mixture& mix) { return thermodyn::h_pt(p_at_ts(t, s, mix), t, mix); }
-double u_ts(double t, double s, const Mixture& mix) { return thermodyn::u_pt(p_at_ts(t, s, mix), t, mix); }
-double v_ts(double t, double s, const Mixture& mix) { return thermodyn::v_pt(p_at_ts(t, s, mix), t, mix); }
+using thermodyn::core::h_pt;
+using thermodyn::core::s_pt;
+using thermodyn::core::u_pt;
+using thermodyn::core::v_pt;
+using R = const MixtureRows&;
+double h_pv(Context& c, double p, double v, R m) { return h_pt(c, p, t_at_pv(c, p, v, m), m); }
+double s_pv(Context& c, double p, double v, R m) { return s_pt(c, p, t_at_pv(c, p, v, m), m); }
+double u_pv(Context& c, double p, double v, R m) { return u_pt(c, p, t_at_pv(c, p, v, m), m); }
+double h_tv(Context& c, double t, double v, R m) { return h_pt(c, p_at_tv(c, t, v, m), t, m); }
+double s_tv(Context& c, double t, double v, R m) { return s_pt(c, p_at_tv(c, t, v, m), t, m); }
+double u_tv(Context& c, double t, double v, R m) { return u_pt(c, p_at_tv(c, t, v, m), t, m); }
+double h_ps(Context& c, double p, double s, R m) { return h_pt(c, p, t_at_ps(c, p, s, m), m); }
+double u_ps(Context& c, double p, double s, R m) { return u_pt(c, p, t_at_ps(c, p, s, m), m); }
+double v_ps(Context& c, double p, double s, R m) { return v_pt(c, p, t_at_ps(c, p, s, m), m); }
+double h_ts(Context& c, double t, double s, R m) { return h_pt(c, p_at_ts(c, t, s, m), t, m); }
+double u_ts(Context& c, double t, double s, R m) { return u_pt(c, p_at_ts(c, t, s, m), t, m); }
+double v_ts(Context& c, double t, double s, R m) { return v_pt(c, p_at_ts(c, t, s, m), t, m); }
 
 // Intended: the closed forms ignore "H2O(IF)" and condensed species.
-double p_tv(double t, double v, const Mixture& mix) { return r_gas * t / (v * mixinfo::mmol(mix)); }
-double t_pv(double p, double v, const Mixture& mix) { return v * mixinfo::mmol(mix) * p / r_gas; }
+double p_tv(double t, double v, R mix) { return r_gas * t / (v * mixinfo::mmol(mix)); }
+double t_pv(double p, double v, R mix) { return v * mixinfo::mmol(mix) * p / r_gas; }
+
+}  // namespace core
+
+// --- on the default context and the stored composition ---
+using M = const Mixture&;
+double get_p(std::string_view spec, double in1, double in2, M mix, int& ierr) {
+    return core::get_p(default_context(), spec, in1, in2, StoredRows(mix), ierr);
+}
+double get_t(std::string_view spec, double in1, double in2, M mix, int& ierr) {
+    return core::get_t(default_context(), spec, in1, in2, StoredRows(mix), ierr);
+}
+double t_at_pv(double p, double v, M m) { return core::t_at_pv(default_context(), p, v, StoredRows(m)); }
+double p_at_tv(double t, double v, M m) { return core::p_at_tv(default_context(), t, v, StoredRows(m)); }
+double t_at_ps(double p, double s, M m) { return core::t_at_ps(default_context(), p, s, StoredRows(m)); }
+double p_at_ts(double t, double s, M m) { return core::p_at_ts(default_context(), t, s, StoredRows(m)); }
+double h_pv(double p, double v, M m) { return core::h_pv(default_context(), p, v, StoredRows(m)); }
+double s_pv(double p, double v, M m) { return core::s_pv(default_context(), p, v, StoredRows(m)); }
+double u_pv(double p, double v, M m) { return core::u_pv(default_context(), p, v, StoredRows(m)); }
+double h_tv(double t, double v, M m) { return core::h_tv(default_context(), t, v, StoredRows(m)); }
+double s_tv(double t, double v, M m) { return core::s_tv(default_context(), t, v, StoredRows(m)); }
+double u_tv(double t, double v, M m) { return core::u_tv(default_context(), t, v, StoredRows(m)); }
+double h_ps(double p, double s, M m) { return core::h_ps(default_context(), p, s, StoredRows(m)); }
+double u_ps(double p, double s, M m) { return core::u_ps(default_context(), p, s, StoredRows(m)); }
+double v_ps(double p, double s, M m) { return core::v_ps(default_context(), p, s, StoredRows(m)); }
+double h_ts(double t, double s, M m) { return core::h_ts(default_context(), t, s, StoredRows(m)); }
+double u_ts(double t, double s, M m) { return core::u_ts(default_context(), t, s, StoredRows(m)); }
+double v_ts(double t, double s, M m) { return core::v_ts(default_context(), t, s, StoredRows(m)); }
+double p_tv(double t, double v, M m) { return core::p_tv(t, v, StoredRows(m)); }
+double t_pv(double p, double v, M m) { return core::t_pv(p, v, StoredRows(m)); }
 
 }  // namespace od::solver

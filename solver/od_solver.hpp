@@ -13,6 +13,8 @@
 #include <string_view>
 
 #include "fluiddata/od_types.hpp"
+#include "thermo/od_context.hpp"
+#include "thermo/od_mixture.hpp"
 
 namespace od::solver {
 
@@ -34,10 +36,10 @@ inline constexpr double twice_epsilon = 4.440892098500626e-16;  // 2 * DBL_EPSIL
 // halved, the step on x. Failures: ierr = 5 and -8888.8 when the ends give
 // residuals of one strict sign (a, b unchanged); ierr = 4 and 0.0 after 100
 // loop evaluations. ierr is written only on failure.
-// f is any callable f(double, double, const Mixture&) -> double.
-template <class F>
+// f is any callable f(double, double, const M&) -> double; mix is handed to it unread.
+template <class F, class M>
 double brent(F&& f, int which, double fixed, double target, double& a, double& b,
-             double tol, const Mixture& mix, int& ierr) {
+             double tol, const M& mix, int& ierr) {
     auto residual = [&](double x) {
         return (which == 1 ? f(x, fixed, mix) : f(fixed, x, mix)) - target;
     };
@@ -114,34 +116,69 @@ bool select_mixture(const Mixture& mix);
 
 // The two significant letters of an input specification, blank-padded.
 std::array<char, 2> spec_letters(std::string_view inputspec);
-// True when some name of the mixture is "H2O(IF)" (concentration not looked at).
+// True when some component of the mixture is "H2O(IF)" (concentration not looked at).
+bool has_water(const MixtureRows& mix);
 bool has_water(const Mixture& mix);
 
+// The solutions on an explicit context and resolved rows.
+namespace core {
+
 // Pressure in Pa from an input pair given in interface units.
-double get_p(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr);
+double get_p(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr);
 // Temperature in K from an input pair given in interface units.
-double get_t(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr);
+double get_t(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr);
 
 // --- composed inverse functions: X_YZ is property X at the state (Y, Z) ------
 // The missing state variable is found by get_t ("Pv", "Ps") or get_p ("Tv",
 // "Ts"); an inner failure is silent and its failure value is used as state.
-double t_at_pv(double p, double v, const Mixture& mix);   // K at (p Pa, v m3/kg)
-double p_at_tv(double t, double v, const Mixture& mix);   // Pa at (t K, v m3/kg)
-double t_at_ps(double p, double s, const Mixture& mix);   // K at (p Pa, s J/(kg K))
-double p_at_ts(double t, double s, const Mixture& mix);   // Pa at (t K, s J/(kg K))
+double t_at_pv(Context& ctx, double p, double v, const MixtureRows& mix);   // K at (p Pa, v m3/kg)
+double p_at_tv(Context& ctx, double t, double v, const MixtureRows& mix);   // Pa at (t K, v m3/kg)
+double t_at_ps(Context& ctx, double p, double s, const MixtureRows& mix);   // K at (p Pa, s J/(kg K))
+double p_at_ts(Context& ctx, double t, double s, const MixtureRows& mix);   // Pa at (t K, s J/(kg K))
 
-double h_pv(double p, double v, const Mixture& mix);   // J/kg
-double s_pv(double p, double v, const Mixture& mix);   // J/(kg K)
-double u_pv(double p, double v, const Mixture& mix);   // J/kg
-double h_tv(double t, double v, const Mixture& mix);   // J/kg
-double s_tv(double t, double v, const Mixture& mix);   // J/(kg K)
-double u_tv(double t, double v, const Mixture& mix);   // J/kg
-double h_ps(double p, double s, const Mixture& mix);   // J/kg
-double u_ps(double p, double s, const Mixture& mix);   // J/kg
-double v_ps(double p, double s, const Mixture& mix);   // m3/kg
-double h_ts(double t, double s, const Mixture& mix);   // J/kg
-double u_ts(double t, double s, const Mixture& mix);   // J/kg
-double v_ts(double t, double s, const Mixture& mix);   // m3/kg
+double h_pv(Context& ctx, double p, double v, const MixtureRows& mix);   // J/kg
+double s_pv(Context& ctx, double p, double v, const MixtureRows& mix);   // J/(kg K)
+double u_pv(Context& ctx, double p, double v, const MixtureRows& mix);   // J/kg
+double h_tv(Context& ctx, double t, double v, const MixtureRows& mix);   // J/kg
+double s_tv(Context& ctx, double t, double v, const MixtureRows& mix);   // J/(kg K)
+double u_tv(Context& ctx, double t, double v, const MixtureRows& mix);   // J/kg
+double h_ps(Context& ctx, double p, double s, const MixtureRows& mix);   // J/kg
+double u_ps(Context& ctx, double p, double s, const MixtureRows& mix);   // J/kg
+double v_ps(Context& ctx, double p, double s, const MixtureRows& mix);   // m3/kg
+double h_ts(Context& ctx, double t, double s, const MixtureRows& mix);   // J/kg
+double u_ts(Context& ctx, double t, double s, const MixtureRows& mix);   // J/kg
+double v_ts(Context& ctx, double t, double s, const MixtureRows& mix);   // m3/kg
+
+// Ideal-gas closed forms with R = 8.3143 J/(mol K); condensing water and
+// condensed species are counted as gas.
+double p_tv(double t, double v, const MixtureRows& mix);   // Pa: R t / (v M)
+double t_pv(double p, double v, const MixtureRows& mix);   // K: v M p / R
+
+}  // namespace core
+
+// --- the same on the default context, the rows found through the stored composition ---
+double get_p(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr);
+double get_t(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr);
+double t_at_pv(double p, double v, const Mixture& mix);
+double p_at_tv(double t, double v, const Mixture& mix);
+double t_at_ps(double p, double s, const Mixture& mix);
+double p_at_ts(double t, double s, const Mixture& mix);
+double h_pv(double p, double v, const Mixture& mix);
+double s_pv(double p, double v, const Mixture& mix);
+double u_pv(double p, double v, const Mixture& mix);
+double h_tv(double t, double v, const Mixture& mix);
+double s_tv(double t, double v, const Mixture& mix);
+double u_tv(double t, double v, const Mixture& mix);
+double h_ps(double p, double s, const Mixture& mix);
+double u_ps(double p, double s, const Mixture& mix);
+double v_ps(double p, double s, const Mixture& mix);
+double h_ts(double t, double s, const Mixture& mix);
+double u_ts(double t, double s, const Mixture& mix);
+double v_ts(double t, double s, const Mixture& mix);
+double p_tv(double t, double v, const Mixture& mix);
+double t_pv(double p, double v, const Mixture& mix);
 
 // f at the state: f(p, T, mix) with the missing variable found as above.
 // f is any callable f(double p, double t, const Mixture&) -> double.
@@ -149,10 +186,5 @@ template <class F> double f_pv(F&& f, double p, double v, const Mixture& mix) { 
 template <class F> double f_tv(F&& f, double t, double v, const Mixture& mix) { return f(p_at_tv(t, v, mix), t, mix); }
 template <class F> double f_ps(F&& f, double p, double s, const Mixture& mix) { return f(p, t_at_ps(p, s, mix), mix); }
 template <class F> double f_ts(F&& f, double t, double s, const Mixture& mix) { return f(p_at_ts(t, s, mix), t, mix); }
-
-// Ideal-gas closed forms with R = 8.3143 J/(mol K); condensing water and
-// condensed species are counted as gas.
-double p_tv(double t, double v, const Mixture& mix);   // Pa: R t / (v M)
-double t_pv(double p, double v, const Mixture& mix);   // K: v M p / R
 
 }  // namespace od::solver

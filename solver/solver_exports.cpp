@@ -38,7 +38,9 @@ double member(Member g, const double* x, const double* y, const int* n, const ch
     return g(*x, *y, m.mixture());
 }
 
-double pair_solution(decltype(&od::solver::get_p) g, const char* spec, const double* in1,
+using PairFn = double (*)(std::string_view, double, double, const od::Mixture&, int&);
+
+double pair_solution(PairFn g, const char* spec, const double* in1,
                      const double* in2, const int* n, const char* cmp, const double* cnc, int* ierr,
                      std::size_t spec_len, std::size_t cmp_len) {
     if (ierr == nullptr) return od::missing_value;

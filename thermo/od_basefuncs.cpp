@@ -41,22 +41,32 @@ inline constexpr std::array<Density, 8> condensed_density{{
 
 }  // namespace
 
+double cp_0(const fluiddata::TableRow* row, double t) { return component::cp_of(component::coefs(row, t), t); }
+
+double h_0(const fluiddata::TableRow* row, double t) { return component::h_of(component::coefs(row, t), t); }
+
+double s_0(const fluiddata::TableRow* row, char phase, double p, double t) {
+    const double s = component::s_of(component::coefs(row, t), t, std::log(t));
+    // Condensed species carry no pressure term.
+    if (phase != 'G') return s;
+    return s - std::log(p / p_ref);
+}
+
 double cp_0(const CompName& name, double t) { return component::cp_of(coefs(name, t), t); }
 
 double h_0(const CompName& name, double t) { return component::h_of(coefs(name, t), t); }
 
 double s_0(const CompName& name, double p, double t) {
-    const double s = component::s_of(coefs(name, t), t, std::log(t));
-    // Condensed species carry no pressure term.
-    if (fluiddata::getphase(name) != 'G') return s;
-    return s - std::log(p / p_ref);
+    return s_0(fluiddata::stored_table_row(name), fluiddata::getphase(name), p, t);
 }
 
 double dcv_dt_0(const CompName& name, double t) { return component::dcp_of(coefs(name, t), t); }
 
 double v_0(double p, double t) { return r_gas * t / p; }
 
-double v_sl(const CompName& name) {
+double v_sl(const CompName& name) { return v_sl(name, fluiddata::stored_table_row(name)); }
+
+double v_sl(const CompName& name, const fluiddata::TableRow* row) {
     double rho = missing_value;
     if (!name.overlong) {
         const std::string_view n = name.trimmed();
@@ -64,7 +74,7 @@ double v_sl(const CompName& name) {
             if (d.name == n) { rho = d.rho; break; }
     }
     // Intended: an unlisted species divides by the missing-value marker (small negative volume).
-    return fluiddata::getmmol(name) / rho;
+    return component::mmol(row) / rho;
 }
 
 // Intended: values within 0.1 of the marker, such as -8888.75, count as the marker.

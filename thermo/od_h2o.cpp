@@ -10,6 +10,8 @@
 #include "fluiddata/od_fluiddata.hpp"
 #include "if97_adapter/if97_qv.hpp"
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_component.hpp"
+#include "thermo/od_context.hpp"
 #include "thermo/od_units.hpp"
 
 namespace od::h2o {
@@ -37,46 +39,36 @@ inline constexpr double subl_lin = 9.09685;
 inline constexpr double subl_t = 0.87682;
 inline constexpr double subl_scale = 1000.0;
 
-const CompName water = CompName::from("H2O");
-const CompName water_liquid = CompName::from("H2O(L)");
-
-// Saved values of one property function.
-struct Saved {
-    bool first = true;   // reference correction not yet computed
-    double r_h2o = 0.0;  // J/(kg K)
-    double corr = 0.0;   // reference correction, per-mole units
-    double p_sat = 0.0;
-    double p_h2o = 0.0;
-    double vap = 0.0;    // vapour value of the last call with vapour
-};
-
-struct State {
-    Saved h, s, cp;
-    std::string errmsg;        // Intended: the adapter's last message is kept but read by nobody.
-    double calcval = 0.0;      // last result of the gateway
-    char inputspec[2] = {' ', ' '};
-};
-
-State& state() {
-    static State s;
-    return s;
-}
-
 // One of the four quantities a property function evaluates.
 struct Quantity {
-    std::string_view prop;                                   // IF97 property name
-    double (*db)(const CompName& name, double p, double t);  // gas-table value, per mole
+    std::string_view prop;  // IF97 property name
+    // gas-table value per mole of the row (phase 'G' or 'L')
+    double (*db)(const fluiddata::TableRow* row, char phase, double p, double t);
     bool scaled;  // carried beyond an anchor temperature by t/t_anchor, not by gas-table differences
 };
-double db_h(const CompName& n, double, double t) { return basefuncs::h_0(n, t); }
-double db_s(const CompName& n, double p, double t) { return basefuncs::s_0(n, p, t); }
-double db_cp(const CompName& n, double, double t) { return basefuncs::cp_0(n, t); }
-double db_v(const CompName&, double p, double t) { return basefuncs::v_0(p, t); }
+double db_h(const fluiddata::TableRow* r, char, double, double t) { return basefuncs::h_0(r, t); }
+double db_s(const fluiddata::TableRow* r, char phase, double p, double t) { return basefuncs::s_0(r, phase, p, t); }
+double db_cp(const fluiddata::TableRow* r, char, double, double t) { return basefuncs::cp_0(r, t); }
+double db_v(const fluiddata::TableRow*, char, double p, double t) { return basefuncs::v_0(p, t); }
 inline constexpr Quantity q_h{"H.", db_h, false};
 inline constexpr Quantity q_s{"S.", db_s, false};
 inline constexpr Quantity q_cp{"CP.", db_cp, false};
 inline constexpr Quantity q_v{"V.", db_v, true};
 inline constexpr std::string_view prop_p = "P.";
+
+// A gas-table row with the phase its name gives ("H2O" a gas, "H2O(L)" a liquid).
+struct Row {
+    const fluiddata::TableRow* row;
+    char phase;
+};
+Row gas_row(const WaterRows& w) { return {w.gas, 'G'}; }
+Row liquid_row(const WaterRows& w) { return {w.liquid, 'L'}; }
+
+// The evaluation context of one call: the caller's state and water rows.
+struct Env {
+    State& st;
+    const WaterRows& rows;
+};
 
 double sublimation_pressure(double t) {
     const double r = t_triple / t;
@@ -92,9 +84,9 @@ struct Split {
     double p_h2o;
 };
 
-Split split(double xw, double p, double t) {
+Split split(State& st, double xw, double p, double t) {
     Split s{};
-    s.p_sat = h2o('T', t, 'X', quality_any, prop_p);
+    s.p_sat = core::h2o(st, 'T', t, 'X', quality_any, prop_p);
     const bool valid = isnotinit(s.p_sat);
     // Intended: non-strict xw*p >= psat here, strict in the gas fraction of the mixture.
     const bool saturated = valid && xw * p >= s.p_sat && s.p_sat != p;
@@ -107,64 +99,68 @@ Split split(double xw, double p, double t) {
 }
 
 // The per-mole value at t of the component `name` from its value at t_anchor.
-double carried(const Quantity& q, double anchor, const CompName& name, double p, double t, double t_anchor) {
+double carried(const Quantity& q, double anchor, Row r, double p, double t, double t_anchor) {
     if (q.scaled) return anchor * t / t_anchor;
-    return anchor + q.db(name, p, t) - q.db(name, p, t_anchor);
+    return anchor + q.db(r.row, r.phase, p, t) - q.db(r.row, r.phase, p, t_anchor);
 }
 
 // Condensed-phase value (h/R, s/R, cp/R or molar volume) with conv turning an IF97 value into it.
 template <class Conv>
-double condensed(const Quantity& q, double p, double t, double f, double p_sat, Conv conv) {
+double condensed(const Env& e, const Quantity& q, double p, double t, double f, double p_sat, Conv conv) {
     if (t >= t_triple) {
         if (f > 0.0 && f < 1.0)
-            return p > p_sat ? conv(h2o('P', p, 'T', t, q.prop)) : conv(h2o('P', p, 'X', 0.0, q.prop));
-        if (f >= 1.0) return conv(h2o('P', p, 'T', t, q.prop));
+            return p > p_sat ? conv(core::h2o(e.st, 'P', p, 'T', t, q.prop)) : conv(core::h2o(e.st, 'P', p, 'X', 0.0, q.prop));
+        if (f >= 1.0) return conv(core::h2o(e.st, 'P', p, 'T', t, q.prop));
         return 0.0;
     }
     if (f > 0.0)
-        return carried(q, conv(h2o('P', p, 'T', t_triple, q.prop)), water_liquid, p, t, t_triple);
+        return carried(q, conv(core::h2o(e.st, 'P', p, 'T', t_triple, q.prop)), liquid_row(e.rows), p, t, t_triple);
     return 0.0;
 }
 
 // Vapour value at the partial pressure p_h2o (the gas-table terms at the total pressure p).
 template <class Conv>
-double vapour(const Quantity& q, double p, double t, const Split& s, Conv conv) {
+double vapour(const Env& e, const Quantity& q, double p, double t, const Split& s, Conv conv) {
+    const Row water = gas_row(e.rows);
     // Intended: the gas-table vapour terms take the total pressure, not the partial one.
-    if (t < t_triple) return q.db(water, p, t);
+    if (t < t_triple) return q.db(water.row, water.phase, p, t);
     if (std::fabs((s.p_sat - s.p_h2o) / s.p_sat) < saturation_tolerance)
-        return conv(h2o('P', s.p_h2o, 'X', 1.0, q.prop));
-    if (t <= t_if97_max) return conv(h2o('P', s.p_h2o, 'T', t, q.prop));
-    return carried(q, conv(h2o('P', s.p_h2o, 'T', t_if97_max, q.prop)), water, p, t, t_if97_max);
+        return conv(core::h2o(e.st, 'P', s.p_h2o, 'X', 1.0, q.prop));
+    if (t <= t_if97_max) return conv(core::h2o(e.st, 'P', s.p_h2o, 'T', t, q.prop));
+    return carried(q, conv(core::h2o(e.st, 'P', s.p_h2o, 'T', t_if97_max, q.prop)), water, p, t, t_if97_max);
 }
 
 // h/R, s/R or cp/R of the water, condensed and vapour parts weighted by the
 // condensed fraction; sv holds the function's saved values.
 template <class Conv>
-double split_value(const Quantity& q, Saved& sv, double xw, double p, double t, Conv conv) {
-    const Split s = split(xw, p, t);
+double split_value(const Env& e, const Quantity& q, Saved& sv, double xw, double p, double t, Conv conv) {
+    const Split s = split(e.st, xw, p, t);
     sv.p_sat = s.p_sat;
     sv.p_h2o = s.p_h2o;
-    const double liq = condensed(q, p, t, s.f, s.p_sat, conv);
+    const double liq = condensed(e, q, p, t, s.f, s.p_sat, conv);
     // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
-    if (s.f < 1.0) sv.vap = vapour(q, p, t, s, conv);
+    if (s.f < 1.0) sv.vap = vapour(e, q, p, t, s, conv);
     return (1.0 - s.f) * sv.vap + s.f * liq;
 }
 
 // h/R or s/R of the water, on the gas-table reference.
-double energy_like(const Quantity& q, Saved& sv, double xw, double p, double t) {
+double energy_like(const Env& e, const Quantity& q, Saved& sv, double xw, double p, double t) {
     // Intended: the reference correction is computed once, on the first call, and never again.
     if (sv.first) {
-        sv.r_h2o = r_gas / fluiddata::getmmol(water);
-        sv.corr = q.db(water, p_reference, t_reference) - h2o('P', p_reference, 'T', t_reference, q.prop) / sv.r_h2o;
+        const Row water = gas_row(e.rows);
+        sv.r_h2o = r_gas / component::mmol(water.row);
+        sv.corr = q.db(water.row, water.phase, p_reference, t_reference) -
+                  core::h2o(e.st, 'P', p_reference, 'T', t_reference, q.prop) / sv.r_h2o;
         sv.first = false;
     }
-    return split_value(q, sv, xw, p, t, [&sv](double x) { return x / sv.r_h2o + sv.corr; });
+    return split_value(e, q, sv, xw, p, t, [&sv](double x) { return x / sv.r_h2o + sv.corr; });
 }
 
 }  // namespace
 
-double h2o(char code1, double value1, char code2, double value2, std::string_view property) {
-    State& st = state();
+namespace core {
+
+double h2o(State& st, char code1, double value1, char code2, double value2, std::string_view property) {
     double result;
     if (code1 == 'T' && code2 == 'X') {
         // Intended: a temperature of 0 K or less is evaluated at 1 K.
@@ -176,7 +172,7 @@ double h2o(char code1, double value1, char code2, double value2, std::string_vie
         if (t < t_triple)
             result = sublimation_pressure(t);
         else
-            result = if97_qv::if97_prop("Tq", t - celsius_offset, value2, property, st.errmsg);
+            result = if97_qv::if97_prop(st.adapter, "Tq", t - celsius_offset, value2, property, st.errmsg);
     } else {
         double v1 = value1;
         double v2 = value2;
@@ -187,7 +183,7 @@ double h2o(char code1, double value1, char code2, double value2, std::string_vie
         if (code2 == 'T') v2 = value2 - celsius_offset;
         st.inputspec[0] = code1;
         st.inputspec[1] = code2;
-        result = if97_qv::if97_prop(std::string_view(st.inputspec, 2), v1, v2, property, st.errmsg);
+        result = if97_qv::if97_prop(st.adapter, std::string_view(st.inputspec, 2), v1, v2, property, st.errmsg);
     }
     st.calcval = result;
     if (result == missing_value) return result;
@@ -199,26 +195,49 @@ double h2o(char code1, double value1, char code2, double value2, std::string_vie
     return st.calcval;
 }
 
-double h_h2o(double xw, double p, double t) { return energy_like(q_h, state().h, xw, p, t); }
-
-double s_h2o(double xw, double p, double t) { return energy_like(q_s, state().s, xw, p, t); }
-
-double cp_h2o(double xw, double p, double t) {
-    // No reference correction; the specific gas constant is formed on every call.
-    const double r_h2o = r_gas / fluiddata::getmmol(water);
-    return split_value(q_cp, state().cp, xw, p, t, [r_h2o](double x) { return x / r_h2o; });
+double h_h2o(State& st, const WaterRows& rows, double xw, double p, double t) {
+    return energy_like(Env{st, rows}, q_h, st.h, xw, p, t);
 }
 
-double v_h2o(double xw, double p, double t) {
-    const double m = fluiddata::getmmol(water);
+double s_h2o(State& st, const WaterRows& rows, double xw, double p, double t) {
+    return energy_like(Env{st, rows}, q_s, st.s, xw, p, t);
+}
+
+double cp_h2o(State& st, const WaterRows& rows, double xw, double p, double t) {
+    // No reference correction; the specific gas constant is formed on every call.
+    const double r_h2o = r_gas / component::mmol(rows.gas);
+    return split_value(Env{st, rows}, q_cp, st.cp, xw, p, t, [r_h2o](double x) { return x / r_h2o; });
+}
+
+double v_h2o(State& st, const WaterRows& rows, double xw, double p, double t) {
+    const double m = component::mmol(rows.gas);
     auto molar = [m](double v) { return v * m; };
-    const Split s = split(xw, p, t);
-    const double liq = condensed(q_v, p, t, s.f, s.p_sat, molar);
+    const Env e{st, rows};
+    const Split s = split(st, xw, p, t);
+    const double liq = condensed(e, q_v, p, t, s.f, s.p_sat, molar);
     // The vapour fills the mixture's volume at its partial pressure; with no vapour it counts 0.
-    const double vap = s.f < 1.0 ? vapour(q_v, p, t, s, molar) * (s.p_h2o / p) : 0.0;
+    const double vap = s.f < 1.0 ? vapour(e, q_v, p, t, s, molar) * (s.p_h2o / p) : 0.0;
     return (1.0 - s.f) * vap + s.f * liq;
 }
 
-void reset_for_tests() { state() = State{}; }
+}  // namespace core
+
+State& default_state() { return default_context().water; }
+
+WaterRows stored_water_rows() {
+    static const CompName gas = CompName::from("H2O");
+    static const CompName liquid = CompName::from("H2O(L)");
+    return {fluiddata::stored_table_row(gas), fluiddata::stored_table_row(liquid)};
+}
+
+double h2o(char code1, double value1, char code2, double value2, std::string_view property) {
+    return core::h2o(default_state(), code1, value1, code2, value2, property);
+}
+double h_h2o(double xw, double p, double t) { return core::h_h2o(default_state(), stored_water_rows(), xw, p, t); }
+double s_h2o(double xw, double p, double t) { return core::s_h2o(default_state(), stored_water_rows(), xw, p, t); }
+double cp_h2o(double xw, double p, double t) { return core::cp_h2o(default_state(), stored_water_rows(), xw, p, t); }
+double v_h2o(double xw, double p, double t) { return core::v_h2o(default_state(), stored_water_rows(), xw, p, t); }
+
+void reset_for_tests() { default_state() = State{}; }
 
 }  // namespace od::h2o

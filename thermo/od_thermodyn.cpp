@@ -4,7 +4,6 @@
 
 #include <cmath>
 
-#include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_component.hpp"
 #include "thermo/od_h2o.hpp"
@@ -15,19 +14,18 @@ namespace {
 using basefuncs::r_gas;
 
 inline constexpr double negligible = 1e-10;  // concentrations at or below are skipped
-bool is_water_if(const CompName& name) { return name == h2o::water_if; }
 
 // Moles of gas phase per mole of mixture: the sum of the gas-phase
 // concentrations, reduced when the condensing water exceeds saturation.
-double gas_fraction(double p, double t, const Mixture& mix) {
+double gas_fraction(Context& ctx, double p, double t, const MixtureRows& mix) {
     double g = 0.0;
-    for (int i = 0; i < mix.n(); ++i)
-        if (fluiddata::getphase(mix.names[i]) == 'G') g += mix.conc[i];
-    for (int i = 0; i < mix.n(); ++i) {
-        const double y = mix.conc[i];
+    for (const Component& c : mix.comps)
+        if (c.phase == 'G') g += c.conc;
+    for (const Component& c : mix.comps) {
+        const double y = c.conc;
         // Intended: only the first present "H2O(IF)" entry sets y, however often it is listed.
-        if (!is_water_if(mix.names[i]) || !(y > negligible)) continue;
-        const double psat = h2o::h2o('T', t, 'X', 0.0, "P.");
+        if (!c.water_if || !(y > negligible)) continue;
+        const double psat = h2o::core::h2o(ctx.water, 'T', t, 'X', 0.0, "P.");
         // The dry gas keeps just enough vapour to make its fraction psat/p.
         if (basefuncs::isnotinit(psat) && y * p > psat && psat != p) g = g * (1.0 - y / g) / (1.0 - psat / p);
         break;
@@ -42,76 +40,82 @@ struct Sums {
     double m = 0.0;  // molar mass, kg/mol
 };
 
-using Row = const fluiddata::TableRow*;
-
-// Each component's row is looked up once; term(name, row, c) gives its per-mole value.
+// term(component) gives each component's per-mole value.
 template <class Term>
-Sums mixture_sum(const Mixture& mix, Term term) {
+Sums mixture_sum(const MixtureRows& mix, Term term) {
     Sums s;
-    for (int i = 0; i < mix.n(); ++i) {
-        const CompName& name = mix.names[i];
-        const Row row = fluiddata::stored_table_row(name);
-        const double c = mix.conc[i];
-        if (c > negligible) s.x += c * term(name, row, c);
-        s.m += c * component::mmol(row);
+    for (const Component& c : mix.comps) {
+        if (c.conc > negligible) s.x += c.conc * term(c);
+        s.m += c.conc * component::mmol(c.row);
     }
     return s;
 }
 
 }  // namespace
 
-double h_pt(double p, double t, const Mixture& mix) {
+namespace core {
+
+double h_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
     // The gas fraction is formed afresh at every "H2O(IF)" entry; it is the same each time.
-    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
-        if (is_water_if(name)) return h2o::h_h2o(c / gas_fraction(p, t, mix), p, t);
-        return component::h_of(component::coefs(row, t), t);
+    const Sums s = mixture_sum(mix, [&](const Component& c) {
+        if (c.water_if) return h2o::core::h_h2o(ctx.water, mix.water, c.conc / gas_fraction(ctx, p, t, mix), p, t);
+        return component::h_of(component::coefs(c.row, t), t);
     });
     if (!(s.m > 0.0)) return 0.0;
     return s.x * r_gas / s.m;
 }
 
-double s_pt(double p, double t, const Mixture& mix) {
-    const double g = gas_fraction(p, t, mix);
+double s_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
+    const double g = gas_fraction(ctx, p, t, mix);
     const double log_t = std::log(t);
     const double log_p = std::log(p / basefuncs::p_ref);
-    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
-        if (is_water_if(name)) return h2o::s_h2o(c / g, p, t);
-        const double s0 = component::s_of(component::coefs(row, t), t, log_t);
+    const Sums s = mixture_sum(mix, [&](const Component& c) {
+        if (c.water_if) return h2o::core::s_h2o(ctx.water, mix.water, c.conc / g, p, t);
+        const double s0 = component::s_of(component::coefs(c.row, t), t, log_t);
         // Condensed species: no pressure term and no mixing term.
-        if (fluiddata::getphase(name) != 'G') return s0;
+        if (c.phase != 'G') return s0;
         // Mixing entropy from the fraction within the gas phase.
-        return s0 - log_p - std::log(c / g);
+        return s0 - log_p - std::log(c.conc / g);
     });
     if (!(s.m > 0.0)) return 0.0;
     return s.x * r_gas / s.m;
 }
 
-double cv_pt(double p, double t, const Mixture& mix) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, Row row, double c) {
-        if (is_water_if(name)) return h2o::cp_h2o(c / gas_fraction(p, t, mix), p, t);
-        return component::cp_of(component::coefs(row, t), t);
+double cv_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
+    const Sums s = mixture_sum(mix, [&](const Component& c) {
+        if (c.water_if) return h2o::core::cp_h2o(ctx.water, mix.water, c.conc / gas_fraction(ctx, p, t, mix), p, t);
+        return component::cp_of(component::coefs(c.row, t), t);
     });
     if (!(s.m > 0.0)) return 0.0;
     // Intended: one R per mole of mixture is subtracted, however much of it is condensed.
     return (s.x * r_gas - r_gas) / s.m;
 }
 
-double v_pt(double p, double t, const Mixture& mix) {
-    const Sums s = mixture_sum(mix, [&](const CompName& name, Row, double c) {
-        if (is_water_if(name)) return h2o::v_h2o(c / gas_fraction(p, t, mix), p, t);
-        if (fluiddata::getphase(name) == 'G') return basefuncs::v_0(p, t);
-        return basefuncs::v_sl(name);
+double v_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
+    const Sums s = mixture_sum(mix, [&](const Component& c) {
+        if (c.water_if) return h2o::core::v_h2o(ctx.water, mix.water, c.conc / gas_fraction(ctx, p, t, mix), p, t);
+        if (c.phase == 'G') return basefuncs::v_0(p, t);
+        return basefuncs::v_sl(c.name, c.row);
     });
     if (!(s.m > 0.0)) return 0.0;
     return s.x / s.m;
 }
 
-double u_pt(double p, double t, const Mixture& mix) {
-    const double h = h_pt(p, t, mix);
-    const double v = v_pt(p, t, mix);
+double u_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
+    const double h = h_pt(ctx, p, t, mix);
+    const double v = v_pt(ctx, p, t, mix);
     return h - v * p;
 }
 
-double x_gas(double p, double t, const Mixture& mix) { return gas_fraction(p, t, mix); }
+double x_gas(Context& ctx, double p, double t, const MixtureRows& mix) { return gas_fraction(ctx, p, t, mix); }
+
+}  // namespace core
+
+double h_pt(double p, double t, const Mixture& mix) { return core::h_pt(default_context(), p, t, StoredRows(mix)); }
+double s_pt(double p, double t, const Mixture& mix) { return core::s_pt(default_context(), p, t, StoredRows(mix)); }
+double cv_pt(double p, double t, const Mixture& mix) { return core::cv_pt(default_context(), p, t, StoredRows(mix)); }
+double v_pt(double p, double t, const Mixture& mix) { return core::v_pt(default_context(), p, t, StoredRows(mix)); }
+double u_pt(double p, double t, const Mixture& mix) { return core::u_pt(default_context(), p, t, StoredRows(mix)); }
+double x_gas(double p, double t, const Mixture& mix) { return core::x_gas(default_context(), p, t, StoredRows(mix)); }
 
 }  // namespace od::thermodyn

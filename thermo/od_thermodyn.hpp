@@ -1,14 +1,28 @@
 // Mixture state at given pressure (Pa) and temperature (K); results per unit mass.
 #pragma once
 #include "fluiddata/od_types.hpp"
+#include "thermo/od_context.hpp"
+#include "thermo/od_mixture.hpp"
 
 namespace od::thermodyn {
 
-double h_pt(double p, double t, const Mixture& mix);    // specific enthalpy, J/kg
-double s_pt(double p, double t, const Mixture& mix);    // specific entropy, J/(kg K)
-double cv_pt(double p, double t, const Mixture& mix);   // isochoric heat capacity, J/(kg K)
-double v_pt(double p, double t, const Mixture& mix);    // specific volume, m3/kg
-double u_pt(double p, double t, const Mixture& mix);    // internal energy, J/kg
-double x_gas(double p, double t, const Mixture& mix);   // moles of gas phase per mole of mixture
+// The state functions on an explicit context and resolved rows (in their own
+// namespace so that the names below stay unambiguous as function values).
+namespace core {
+double h_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // specific enthalpy, J/kg
+double s_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // specific entropy, J/(kg K)
+double cv_pt(Context& ctx, double p, double t, const MixtureRows& mix);   // isochoric heat capacity, J/(kg K)
+double v_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // specific volume, m3/kg
+double u_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // internal energy, J/kg
+double x_gas(Context& ctx, double p, double t, const MixtureRows& mix);   // moles of gas phase per mole of mixture
+}  // namespace core
+
+// The same on the default context, the rows found through the stored composition.
+double h_pt(double p, double t, const Mixture& mix);
+double s_pt(double p, double t, const Mixture& mix);
+double cv_pt(double p, double t, const Mixture& mix);
+double v_pt(double p, double t, const Mixture& mix);
+double u_pt(double p, double t, const Mixture& mix);
+double x_gas(double p, double t, const Mixture& mix);
 
 }  // namespace od::thermodyn

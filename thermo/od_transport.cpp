@@ -5,7 +5,7 @@
 
 #include <cmath>
 #include <span>
-#include <vector>
+#include <array>
 
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_component.hpp"
@@ -26,17 +26,6 @@ inline constexpr double eucken = 18.707175;           // 9/4 R, J/(mol K)
 inline constexpr double wilke = 8.0;
 inline constexpr double negligible = 1e-6;  // concentrations and denominators at or below are left out
 
-// The component evaluated alone by the conductivity functions.
-struct State {
-    CompName name;
-    double conc = 1.0;
-};
-
-State& state() {
-    static State s;
-    return s;
-}
-
 // eta of the component of this table row (nullptr: no row, the getters' marker values).
 double component_viscosity(double t, const fluiddata::TableRow* row) {
     const double eps = row ? row->eps : missing_value;
@@ -49,16 +38,15 @@ double component_viscosity(double t, const fluiddata::TableRow* row) {
 }
 
 // lambda of one component: the Eucken term on eta, with cv of the component
-// evaluated alone through the saved name and concentration.
-double component_conductivity(double p, double t, const CompName& name, const fluiddata::TableRow* row) {
-    const double eta = component_viscosity(t, row);
-    const double m = component::mmol(row);
-    State& st = state();
-    st.name = name;
-    st.conc = 1.0;
-    const Mixture alone{std::span<const CompName>(&st.name, 1), std::span<const double>(&st.conc, 1)};
+// evaluated alone (concentration 1).
+double component_conductivity(Context& ctx, double p, double t, const Component& c, const h2o::WaterRows& water) {
+    const double eta = component_viscosity(t, c.row);
+    const double m = component::mmol(c.row);
+    Component one = c;
+    one.conc = 1.0;
+    const MixtureRows alone{std::span<const Component>(&one, 1), water};
     // Intended: cv is evaluated even when eta is 0.
-    const double cv = thermodyn::cv_pt(p, t, alone);
+    const double cv = thermodyn::core::cv_pt(ctx, p, t, alone);
     return (eta / m) * (m * cv + eucken);
 }
 
@@ -70,37 +58,40 @@ double phi(double xi, double xj, double massratio, double mi, double mj) {
 }
 
 // sum_i c_i x_i / D_i, D_i = sum_j c_j phi_ij; viscosity_rule picks the mass ratio.
-double mix_rule(const Mixture& mix, std::span<const double> x, std::span<const double> m, bool viscosity_rule) {
+double mix_rule(const MixtureRows& mix, std::span<const double> x, std::span<const double> m, bool viscosity_rule) {
     double total = 0.0;
-    for (int i = 0; i < mix.n(); ++i) {
-        if (mix.conc[i] <= negligible) continue;  // every phi_ij is 0, so D_i is 0 and the term left out
+    for (std::size_t i = 0; i < mix.comps.size(); ++i) {
+        const double ci = mix.comps[i].conc;
+        if (ci <= negligible) continue;  // every phi_ij is 0, so D_i is 0 and the term left out
         double d = 0.0;
-        for (int j = 0; j < mix.n(); ++j) {
+        for (std::size_t j = 0; j < mix.comps.size(); ++j) {
+            const double cj = mix.comps[j].conc;
             double f = 0.0;
-            if (!(mix.conc[j] <= negligible) && !(x[j] <= 0.0)) {
+            if (!(cj <= negligible) && !(x[j] <= 0.0)) {
                 // Intended: viscosity weighs by M_j/M_i, conductivity by M_i/M_j.
                 const double ratio = viscosity_rule ? m[j] / m[i] : m[i] / m[j];
                 f = phi(x[i], x[j], ratio, m[i], m[j]);
             }
-            d += mix.conc[j] * f;
+            d += cj * f;
         }
-        if (std::fabs(d) > negligible) total += mix.conc[i] * x[i] / d;
+        if (std::fabs(d) > negligible) total += ci * x[i] / d;
     }
     return total;
 }
 
 // The mixture value by Wilke's rule from each component's own value
-// value(name, row); components at or below the threshold take 0.
+// value(component); components at or below the threshold take 0.
 template <class Value>
-double mixture_value(const Mixture& mix, bool viscosity_rule, Value value) {
-    // Scratch sized by the mixture, whatever its length.
-    std::vector<double> x(static_cast<std::size_t>(mix.n())), m(x.size());
-    for (int i = 0; i < mix.n(); ++i) {
-        const fluiddata::TableRow* row = fluiddata::stored_table_row(mix.names[i]);
-        m[i] = component::mmol(row);
-        x[i] = mix.conc[i] <= negligible ? 0.0 : value(mix.names[i], row);
+double mixture_value(const MixtureRows& mix, bool viscosity_rule, Value value) {
+    // Scratch on the stack: a mixture has at most 250 components.
+    std::array<double, max_components> x, m;
+    for (std::size_t i = 0; i < mix.comps.size(); ++i) {
+        const Component& c = mix.comps[i];
+        m[i] = component::mmol(c.row);
+        x[i] = c.conc <= negligible ? 0.0 : value(c);
     }
-    return mix_rule(mix, x, m, viscosity_rule);
+    const std::size_t n = mix.comps.size();
+    return mix_rule(mix, std::span<const double>(x.data(), n), std::span<const double>(m.data(), n), viscosity_rule);
 }
 
 }  // namespace
@@ -108,21 +99,25 @@ double mixture_value(const Mixture& mix, bool viscosity_rule, Value value) {
 double viscosity(double t, const CompName& name) { return component_viscosity(t, fluiddata::stored_table_row(name)); }
 
 double thermcond(double p, double t, const CompName& name) {
-    return component_conductivity(p, t, name, fluiddata::stored_table_row(name));
+    return component_conductivity(default_context(), p, t, stored_component(name, 1.0), h2o::stored_water_rows());
 }
 
-double eta_t(double t, const Mixture& mix) {
-    return mixture_value(mix, true, [t](const CompName&, const fluiddata::TableRow* row) {
-        return component_viscosity(t, row);
-    });
+namespace core {
+
+double eta_t(double t, const MixtureRows& mix) {
+    return mixture_value(mix, true, [t](const Component& c) { return component_viscosity(t, c.row); });
 }
 
-double lambda_pt(double p, double t, const Mixture& mix) {
-    return mixture_value(mix, false, [p, t](const CompName& name, const fluiddata::TableRow* row) {
-        return component_conductivity(p, t, name, row);
-    });
+double lambda_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
+    return mixture_value(mix, false, [&](const Component& c) { return component_conductivity(ctx, p, t, c, mix.water); });
 }
 
-void reset_for_tests() { state() = State{}; }
+}  // namespace core
+
+double eta_t(double t, const Mixture& mix) { return core::eta_t(t, StoredRows(mix)); }
+
+double lambda_pt(double p, double t, const Mixture& mix) { return core::lambda_pt(default_context(), p, t, StoredRows(mix)); }
+
+void reset_for_tests() {}
 
 }  // namespace od::transport
