@@ -23,11 +23,8 @@ inline constexpr std::size_t kept_line_width = 4096;
 const CompName water_gas = CompName::from("H2O");
 const CompName water_liquid = CompName::from("H2O(L)");
 
-struct FluidDataState {
-    // Gas table
-    int ngas = 0;
-    std::array<TableRow, max_components> rows{};
-    std::array<std::uint64_t, max_components> name_key{};  // rows[j].name.key(), scanned by lookups
+// The gas table of the exported routines, and their stored composition.
+struct FluidDataState : Table {
     bool dbhasbeenread = false;
     // Current composition; idx holds the rows of cmp(1..ncmp), then of "H2O" and "H2O(L)".
     int ncmp = 0;
@@ -42,14 +39,7 @@ FluidDataState& state() {
 }
 
 // 0-based slot of the first of rows 1..ngas named `name`, or -1.
-int find_table_slot(const CompName& name) {
-    const FluidDataState& s = state();
-    if (name.overlong) return -1;
-    const std::uint64_t key = name.key();
-    for (int j = 0; j < s.ngas; ++j)
-        if (s.name_key[j] == key) return j;
-    return -1;
-}
+int find_table_slot(const CompName& name) { return find_row(state(), name); }
 
 // Row of a stored component or of a water name; missing_row when not found.
 int stored_row(const CompName& name) {
@@ -245,22 +235,44 @@ double stored_conc(int i) { return (i >= 1 && i <= max_components) ? state().cnc
 
 // --- loading --------------------------------------------------------------------
 
+int find_row(const Table& t, const CompName& name) {
+    if (name.overlong) return -1;
+    const std::uint64_t key = name.key();
+    for (int j = 0; j < t.ngas; ++j)
+        if (t.name_key[j] == key) return j;
+    return -1;
+}
+
+std::string Source::file_path() const {
+    std::string path = directory + std::string(data_file_name);
+    // Intended: the joined path is cut to its 256-character buffer.
+    if (path.size() > path_width) path.resize(path_width);
+    return path;
+}
+
+Source configured_source() {
+    return {std::string(trim_right(host::fluidpath(library_name))), host::gas_source() == host::GasSource::database};
+}
+
+void read_table(const Source& source, Table& t) {
+    if (source.database)
+        read_table_db(source.directory, data_file_name, t);
+    else
+        read_table_file(source.file_path(), t);
+}
+
 void readgas() {
     if (state().dbhasbeenread) return;
-    const std::string directory(trim_right(host::fluidpath(library_name)));
-    if (host::gas_source() == host::GasSource::database) {
-        readgasdb(directory, data_file_name);
-    } else {
-        std::string path = directory + std::string(data_file_name);
-        // Intended: the joined path is cut to its 256-character buffer.
-        if (path.size() > path_width) path.resize(path_width);
-        readgasfile(path);
-    }
+    read_table(configured_source(), state());
     // Intended: marked loaded whatever the loader achieved; a failed load is not retried.
     setdbread();
 }
 
-void readgasfile(std::string_view path) {
+void readgasfile(std::string_view path) { read_table_file(path, state()); }
+
+void readgasdb(std::string_view directory, std::string_view name) { read_table_db(directory, name, state()); }
+
+void read_table_file(std::string_view path, Table& s) {
     // Only a regular file is read: a device or pipe could deliver one endless line.
     std::error_code ec;
     if (!std::filesystem::is_regular_file(std::filesystem::path(path), ec)) return;
@@ -269,7 +281,6 @@ void readgasfile(std::string_view path) {
     std::FILE* in = file.get();
     std::string line;
     if (!read_line(in, line)) return;  // the header line carries nothing kept
-    FluidDataState& s = state();
     std::array<std::string, 3> coef_text;
     for (int i = 0; i < max_components; ++i) {
         if (!read_line(in, line)) return;  // end of file: the table holds i rows
@@ -286,14 +297,13 @@ void readgasfile(std::string_view path) {
     }
 }
 
-void readgasdb(std::string_view directory, std::string_view name) {
+void read_table_db(std::string_view directory, std::string_view name, Table& s) {
     const host::FluidRecord record = host::getfluid(directory, name);
     const int n = static_cast<int>(std::min<std::size_t>(record.lines.size(), record_lines));
     if (n == 0 || record.status == 0) return;
     const auto line = [&](int i) {  // record line i (1-based), cut to the record width
         return std::string_view(record.lines[i - 1]).substr(0, record_width);
     };
-    FluidDataState& s = state();
     // Line 1 is the header: nothing of it is kept.
     // Intended: (n - 1) / 4 whole blocks, so at most 63; lines of an unfinished block are ignored.
     s.ngas = (n - 1) / 4;

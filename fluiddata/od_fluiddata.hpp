@@ -3,7 +3,10 @@
 // Lennard-Jones data; the components of the last stored mixture with their
 // table rows; and the loaders that fill the table once.
 #pragma once
+#include <array>
+#include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "fluiddata/od_types.hpp"
@@ -52,6 +55,31 @@ struct TableRow {
     std::array<std::array<double, 7>, 2> coef{};  // range 1 (above 1000 K), range 2
     double sigma = 0.0, eps = 0.0;                // Angstrom, K
 };
+// A whole gas table as a value: what a loader fills. The exported routines
+// use one process-wide table; the modern API loads its own, once, and never
+// changes it afterwards.
+struct Table {
+    int ngas = 0;
+    std::array<TableRow, max_components> rows{};
+    std::array<std::uint64_t, max_components> name_key{};  // rows[j].name.key(), scanned by lookups
+};
+// Fills t from the gas data file at path (as readgasfile) or from the fluid
+// database record `name` in `directory` (as readgasdb).
+void read_table_file(std::string_view path, Table& t);
+void read_table_db(std::string_view directory, std::string_view name, Table& t);
+// 0-based slot of the first row of t named `name`, or -1.
+int find_row(const Table& t, const CompName& name);
+// The configured source of the gas data: the fluid path's directory and
+// whether the database or the gas data file is read.
+struct Source {
+    std::string directory;
+    bool database = false;
+    std::string file_path() const;  // directory + data_file_name, cut as readgas cuts it
+};
+Source configured_source();
+// Loads t from the configured source.
+void read_table(const Source& source, Table& t);
+
 int table_size();                // ngas
 const TableRow& table_row(int row);  // row 1..250; an all-zero row outside
 

@@ -3,6 +3,8 @@
 // of the requested properties.
 #include "ondrel/ondrel_core.hpp"
 
+#include "ondrel/od_properties.hpp"
+
 #include <algorithm>
 #include <cstdio>
 
@@ -121,34 +123,30 @@ bool prepare_state(std::string_view inputspec, double input1, double input2, int
 }
 
 using Evaluator = double (*)(Context& ctx, double p, double t, const MixtureRows& mix);
-struct Property {
-    std::string_view name;
-    Evaluator value;
-};
 
-// Property names in the order they are tested, each with its evaluation and
+// The evaluation of each property in the order of property_names, with its
 // conversion to interface units.
 using R = const MixtureRows&;
 namespace td = thermodyn::core;
 namespace dv = derivative;
-constexpr std::array<Property, 16> properties = {{
-    {"P", [](Context&, double p, double, R) { return p * pa_to_bar; }},
-    {"T", [](Context&, double, double t, R) { return t - celsius_offset; }},
-    {"v", [](Context& c, double p, double t, R m) { return td::v_pt(c, p, t, m); }},
-    {"d", [](Context& c, double p, double t, R m) { return 1.0 / td::v_pt(c, p, t, m); }},
-    {"h", [](Context& c, double p, double t, R m) { return td::h_pt(c, p, t, m) * j_to_kj; }},
-    {"s", [](Context& c, double p, double t, R m) { return td::s_pt(c, p, t, m) * j_to_kj; }},
-    {"u", [](Context& c, double p, double t, R m) { return td::u_pt(c, p, t, m) * j_to_kj; }},
-    {"cv", [](Context& c, double p, double t, R m) { return td::cv_pt(c, p, t, m) * j_to_kj; }},
-    {"dP_dT", [](Context&, double p, double t, R) { return dv::dp_dt(p, t); }},
-    {"dP_dv", [](Context&, double p, double t, R m) { return dv::dp_dv(p, t, m); }},
-    {"d2P_dT2", [](Context&, double, double, R) { return dv::d2p_dt2(); }},
-    {"d2P_dv2", [](Context&, double p, double t, R m) { return dv::d2p_dv2(p, t, m); }},
-    {"d2P_dTdv", [](Context&, double p, double t, R m) { return dv::d2p_dtdv(p, t, m); }},
-    {"dCv_dT", [](Context&, double, double t, R m) { return dv::dcv_dt(t, m); }},
-    {"eta", [](Context&, double, double t, R m) { return transport::core::eta_t(t, m); }},
-    {"lambda", [](Context& c, double p, double t, R m) { return transport::core::lambda_pt(c, p, t, m); }},
-}};
+constexpr std::array<Evaluator, property_names.size()> evaluators = {
+    [](Context&, double p, double, R) { return p * pa_to_bar; },
+    [](Context&, double, double t, R) { return t - celsius_offset; },
+    [](Context& c, double p, double t, R m) { return td::v_pt(c, p, t, m); },
+    [](Context& c, double p, double t, R m) { return 1.0 / td::v_pt(c, p, t, m); },
+    [](Context& c, double p, double t, R m) { return td::h_pt(c, p, t, m) * j_to_kj; },
+    [](Context& c, double p, double t, R m) { return td::s_pt(c, p, t, m) * j_to_kj; },
+    [](Context& c, double p, double t, R m) { return td::u_pt(c, p, t, m) * j_to_kj; },
+    [](Context& c, double p, double t, R m) { return td::cv_pt(c, p, t, m) * j_to_kj; },
+    [](Context&, double p, double t, R) { return dv::dp_dt(p, t); },
+    [](Context&, double p, double t, R m) { return dv::dp_dv(p, t, m); },
+    [](Context&, double, double, R) { return dv::d2p_dt2(); },
+    [](Context&, double p, double t, R m) { return dv::d2p_dv2(p, t, m); },
+    [](Context&, double p, double t, R m) { return dv::d2p_dtdv(p, t, m); },
+    [](Context&, double, double t, R m) { return dv::dcv_dt(t, m); },
+    [](Context&, double, double t, R m) { return transport::core::eta_t(t, m); },
+    [](Context& c, double p, double t, R m) { return transport::core::lambda_pt(c, p, t, m); },
+};
 
 }  // namespace
 
@@ -160,8 +158,8 @@ double od_prop(std::string_view inputspec, double input1, double input2, int nco
         return missing_value;
     const std::string_view wanted = ftn::trim(outname);
     const State& s = state();
-    for (const Property& prop : properties)
-        if (prop.name == wanted) return prop.value(default_context(), s.p, s.t, StoredRows(mix));
+    for (std::size_t i = 0; i < property_names.size(); ++i)
+        if (property_names[i] == wanted) return evaluators[i](default_context(), s.p, s.t, StoredRows(mix));
     errcode = err_unknown_property;
     return missing_value;
 }

@@ -1,0 +1,333 @@
+// The modern API of the mixture model: gas tables loaded once, mixtures
+// resolved once, states solved and checked, properties in SI units.
+#include "ondrel/mixture.hpp"
+
+#include <cmath>
+#include <mutex>
+#include <utility>
+
+#include "api/mixture_data.hpp"
+#include "ondrel/od_properties.hpp"
+#include "solver/od_solver.hpp"
+#include "thermo/od_basefuncs.hpp"
+#include "thermo/od_context.hpp"
+#include "thermo/od_derivative.hpp"
+#include "thermo/od_mixinfo.hpp"
+#include "thermo/od_thermodyn.hpp"
+#include "thermo/od_transport.hpp"
+#include "thermo/od_units.hpp"
+
+namespace ondrel {
+namespace {
+
+namespace td = od::thermodyn::core;
+namespace dv = od::derivative;
+namespace tr = od::transport::core;
+using od::units::bar_to_pa;
+using od::units::celsius_offset;
+using od::units::j_to_kj;
+using od::units::pa_to_bar;
+
+inline constexpr double fraction_sum_tolerance = 1e-6;  // |sum of mole fractions - 1| allowed
+inline constexpr double residual_tolerance = 1e-9;      // relative residual of a solved state
+// Scale of an energy residual per unit of R T / M, and of an entropy residual per unit of R / M:
+// a heat capacity of four gas constants keeps the test meaningful where h or s pass through zero.
+inline constexpr double residual_floor = 4.0;
+
+using TableResult = Result<std::shared_ptr<const GasTable>>;
+
+void set(std::string* detail, std::string text) {
+    if (detail) *detail = std::move(text);
+}
+
+TableResult loaded(std::shared_ptr<GasTable> t, const std::string& where, std::string* detail) {
+    if (t->table.ngas < 1) {
+        set(detail, "no gas data in " + where);
+        return {nullptr, Status::gas_data_not_found};
+    }
+    return {std::move(t), Status::ok};
+}
+
+std::string describe(const od::fluiddata::Source& s) {
+    return s.database ? "the fluid database in \"" + s.directory + "\"" : "\"" + s.file_path() + "\"";
+}
+
+// The rows the condensing water's gas-table terms use: the last "H2O" row
+// before the first "H2O(L)" row, and that "H2O(L)" row (as the exported
+// routines find them).
+od::h2o::WaterRows water_rows(const od::fluiddata::Table& t) {
+    static const od::CompName gas = od::CompName::from("H2O");
+    static const od::CompName liquid = od::CompName::from("H2O(L)");
+    od::h2o::WaterRows w;
+    for (int j = 0; j < t.ngas; ++j) {
+        if (t.rows[j].name == gas) w.gas = &t.rows[j];
+        if (t.rows[j].name == liquid) {
+            w.liquid = &t.rows[j];
+            break;
+        }
+    }
+    return w;
+}
+
+bool finite(double x) { return std::isfinite(x); }
+
+// Interface units of the solver (bar, degrees Celsius, kJ) from SI, per letter.
+double to_interface(char letter, double x) {
+    switch (letter) {
+    case 'P': return x * pa_to_bar;
+    case 'T': return x - celsius_offset;
+    case 'h': case 's': case 'u': return x * j_to_kj;
+    default: return x;  // v, d
+    }
+}
+
+// The value of a letter's quantity at (p, T), SI units.
+double quantity(od::Context& c, const detail::MixtureData& m, char letter, double p, double t) {
+    switch (letter) {
+    case 'P': return p;
+    case 'T': return t;
+    case 'v': return td::v_pt(c, p, t, m.rows);
+    case 'd': return 1.0 / td::v_pt(c, p, t, m.rows);
+    case 'h': return td::h_pt(c, p, t, m.rows);
+    case 's': return td::s_pt(c, p, t, m.rows);
+    default: return td::u_pt(c, p, t, m.rows);
+    }
+}
+
+// The scale a residual of the letter's quantity is measured against.
+double residual_scale(const detail::MixtureData& m, char letter, double target, double t) {
+    switch (letter) {
+    case 'h': case 'u': return std::fabs(target) + residual_floor * m.r_specific * t;
+    case 's': return std::fabs(target) + residual_floor * m.r_specific;
+    default: return std::fabs(target);
+    }
+}
+
+bool reproduces(od::Context& c, const detail::MixtureData& m, char letter, double target, double p, double t) {
+    if (letter == 'P' || letter == 'T') return true;  // taken as given
+    const double got = quantity(c, m, letter, p, t);
+    return std::fabs(got - target) <= residual_tolerance * residual_scale(m, letter, target, t);
+}
+
+Status solver_status(int ierr) {
+    switch (ierr) {
+    case 0: return Status::ok;
+    case od::solver::err_unknown_spec: return Status::unknown_pair;
+    case od::solver::err_not_converged: return Status::not_converged;
+    case od::solver::err_p_undetermined: return Status::pressure_undetermined;
+    default: return Status::no_solution;
+    }
+}
+
+Status check_state(const Mixture& mix, const State& st) {
+    if (!mix.valid()) return Status::invalid_argument;
+    if (!finite(st.p) || !finite(st.T)) return Status::invalid_input;
+    if (st.p <= 0.0 || st.T <= 0.0) return Status::non_positive_input;
+    return Status::ok;
+}
+
+double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop, double p, double t) {
+    const od::MixtureRows& r = m.rows;
+    switch (prop) {
+    case Property::P: return p;
+    case Property::T: return t;
+    case Property::v: return td::v_pt(c, p, t, r);
+    case Property::d: return 1.0 / td::v_pt(c, p, t, r);
+    case Property::h: return td::h_pt(c, p, t, r);
+    case Property::s: return td::s_pt(c, p, t, r);
+    case Property::u: return td::u_pt(c, p, t, r);
+    case Property::cv: return td::cv_pt(c, p, t, r);
+    case Property::dP_dT: return dv::dp_dt(p, t);
+    case Property::dP_dv: return dv::dp_dv(p, t, r);
+    case Property::d2P_dT2: return dv::d2p_dt2();
+    case Property::d2P_dv2: return dv::d2p_dv2(p, t, r);
+    case Property::d2P_dTdv: return dv::d2p_dtdv(p, t, r);
+    case Property::dCv_dT: return dv::dcv_dt(t, r);
+    case Property::eta: return tr::eta_t(t, r);
+    case Property::lambda: return tr::lambda_pt(c, p, t, r);
+    }
+    return std::nan("");
+}
+
+}  // namespace
+
+// --- gas tables --------------------------------------------------------------
+
+TableResult default_gas_table(std::string* detail) {
+    static std::once_flag once;
+    static TableResult result;
+    static std::string where;
+    std::call_once(once, [] {
+        const od::fluiddata::Source source = od::fluiddata::configured_source();
+        auto t = std::make_shared<GasTable>();
+        od::fluiddata::read_table(source, t->table);
+        where = describe(source);
+        result = loaded(std::move(t), where, nullptr);
+    });
+    if (!result) set(detail, "no gas data in " + where);
+    return result;
+}
+
+TableResult load_gas_table_file(std::string_view path, std::string* detail) {
+    auto t = std::make_shared<GasTable>();
+    od::fluiddata::read_table_file(path, t->table);
+    return loaded(std::move(t), "\"" + std::string(path) + "\"", detail);
+}
+
+TableResult load_gas_table_database(std::string_view directory, std::string* detail) {
+    auto t = std::make_shared<GasTable>();
+    od::fluiddata::read_table_db(directory, od::fluiddata::data_file_name, t->table);
+    return loaded(std::move(t), "the fluid database in \"" + std::string(directory) + "\"", detail);
+}
+
+int component_count(const GasTable& table) { return table.table.ngas; }
+
+// --- mixtures ------------------------------------------------------------------
+
+Result<Mixture> Mixture::make(std::span<const Fraction> fractions, std::string* detail) {
+    TableResult t = default_gas_table(detail);
+    if (!t) return {Mixture{}, t.status};
+    return make(std::move(t.value), fractions, detail);
+}
+
+Result<Mixture> Mixture::make(std::initializer_list<Fraction> fractions, std::string* detail) {
+    return make(std::span<const Fraction>(fractions.begin(), fractions.size()), detail);
+}
+
+Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<const Fraction> fractions,
+                              std::string* detail) {
+    if (!table) return {Mixture{}, Status::invalid_argument};
+    if (fractions.size() > static_cast<std::size_t>(od::max_components)) return {Mixture{}, Status::too_many_components};
+    if (fractions.empty()) return {Mixture{}, Status::invalid_composition};
+    double sum = 0.0;
+    for (const Fraction& f : fractions) {
+        if (!finite(f.x) || f.x < 0.0) return {Mixture{}, Status::invalid_composition};
+        sum += f.x;
+    }
+    if (std::fabs(sum - 1.0) > fraction_sum_tolerance) return {Mixture{}, Status::invalid_composition};
+
+    auto d = std::make_shared<detail::MixtureData>();
+    const od::fluiddata::Table& tab = table->table;
+    d->comps.reserve(fractions.size());
+    for (const Fraction& f : fractions) {
+        const od::CompName name = od::CompName::from(f.name);
+        const int slot = od::fluiddata::find_row(tab, name);
+        if (slot < 0) {
+            set(detail, std::string(f.name));
+            return {Mixture{}, Status::unknown_component};
+        }
+        d->comps.push_back({name, f.x, &tab.rows[slot], od::fluiddata::getphase(name), name == od::h2o::water_if});
+    }
+    d->rows = od::MixtureRows{d->comps, water_rows(tab)};
+    d->molar_mass = od::mixinfo::mmol(d->rows);
+    d->r_specific = od::basefuncs::r_gas / d->molar_mass;
+    d->t_min = od::mixinfo::tmin(d->rows);
+    d->t_max = od::mixinfo::tmax(d->rows);
+    d->condensing = od::solver::has_water(d->rows);
+    d->table = std::move(table);
+    Mixture m;
+    m.data_ = std::move(d);
+    return {std::move(m), Status::ok};
+}
+
+int Mixture::size() const { return data_ ? static_cast<int>(data_->comps.size()) : 0; }
+double Mixture::molar_mass() const { return data_ ? data_->molar_mass : 0.0; }
+double Mixture::t_min() const { return data_ ? data_->t_min : 0.0; }
+double Mixture::t_max() const { return data_ ? data_->t_max : 0.0; }
+bool Mixture::condensing() const { return data_ && data_->condensing; }
+
+// --- contexts --------------------------------------------------------------------
+
+Context::Context() : core_(std::make_unique<od::Context>()) {}
+Context::~Context() = default;
+Context::Context(Context&&) noexcept = default;
+Context& Context::operator=(Context&&) noexcept = default;
+
+// --- names -------------------------------------------------------------------------
+
+Result<Pair> pair_from_name(std::string_view n) {
+    for (std::size_t i = 0; i < od::ondrel::pair_names.size(); ++i)
+        if (od::ondrel::pair_names[i] == n) return {static_cast<Pair>(i), Status::ok};
+    return {Pair::PT, Status::unknown_pair};
+}
+
+std::string_view name(Pair pair) { return od::ondrel::pair_names[static_cast<std::size_t>(pair)]; }
+
+Result<Property> property_from_name(std::string_view n) {
+    for (std::size_t i = 0; i < od::ondrel::property_names.size(); ++i)
+        if (od::ondrel::property_names[i] == n) return {static_cast<Property>(i), Status::ok};
+    return {Property::P, Status::unknown_property};
+}
+
+std::string_view name(Property property) {
+    return od::ondrel::property_names[static_cast<std::size_t>(property)];
+}
+
+// --- states and properties -------------------------------------------------------------
+
+Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2) {
+    if (!mix.valid()) return {{}, Status::invalid_argument};
+    const auto index = static_cast<std::size_t>(pair);
+    if (index >= od::ondrel::pair_names.size()) return {{}, Status::unknown_pair};
+    const std::string_view spec = od::ondrel::pair_names[index];
+    if (!finite(in1) || !finite(in2)) return {{}, Status::invalid_input};
+    const double in[2] = {in1, in2};
+    for (int k = 0; k < 2; ++k) {
+        const char l = spec[static_cast<std::size_t>(k)];
+        if ((l == 'P' || l == 'T' || l == 'v' || l == 'd') && !(in[k] > 0.0)) return {{}, Status::non_positive_input};
+    }
+    const detail::MixtureData& m = mix.data();
+    od::Context& c = ctx.core();
+    int ierr = 0;
+    const double a = to_interface(spec[0], in1);
+    const double b = to_interface(spec[1], in2);
+    State st;
+    st.p = od::solver::core::get_p(c, spec, a, b, m.rows, ierr);
+    st.T = od::solver::core::get_t(c, spec, a, b, m.rows, ierr);
+    // A given pressure or temperature is kept to the last bit.
+    for (int k = 0; k < 2; ++k) {
+        if (spec[static_cast<std::size_t>(k)] == 'P') st.p = in[k];
+        if (spec[static_cast<std::size_t>(k)] == 'T') st.T = in[k];
+    }
+    if (ierr != 0) return {st, solver_status(ierr)};
+    if (!finite(st.p) || !finite(st.T) || !(st.p > 0.0) || !(st.T > 0.0)) return {st, Status::no_solution};
+    for (int k = 0; k < 2; ++k)
+        if (!reproduces(c, m, spec[static_cast<std::size_t>(k)], in[k], st.p, st.T)) return {st, Status::no_solution};
+    return {st, Status::ok};
+}
+
+Result<double> property(Context& ctx, const Mixture& mix, const State& state, Property prop) {
+    const Status s = check_state(mix, state);
+    if (s != Status::ok) return {0.0, s};
+    if (static_cast<std::size_t>(prop) >= od::ondrel::property_names.size()) return {0.0, Status::unknown_property};
+    return {evaluate_one(ctx.core(), mix.data(), prop, state.p, state.T), Status::ok};
+}
+
+Result<AllProperties> properties(Context& ctx, const Mixture& mix, const State& state) {
+    const Status s = check_state(mix, state);
+    if (s != Status::ok) return {{}, s};
+    od::Context& c = ctx.core();
+    const od::MixtureRows& r = mix.data().rows;
+    const double p = state.p;
+    const double t = state.T;
+    AllProperties a{};
+    a.P = p;
+    a.T = t;
+    a.v = td::v_pt(c, p, t, r);
+    a.d = 1.0 / a.v;
+    a.h = td::h_pt(c, p, t, r);
+    a.s = td::s_pt(c, p, t, r);
+    a.u = a.h - a.v * p;
+    a.cv = td::cv_pt(c, p, t, r);
+    a.dP_dT = dv::dp_dt(p, t);
+    a.dP_dv = dv::dp_dv(p, t, r);
+    a.d2P_dT2 = dv::d2p_dt2();
+    a.d2P_dv2 = dv::d2p_dv2(p, t, r);
+    a.d2P_dTdv = dv::d2p_dtdv(p, t, r);
+    a.dCv_dT = dv::dcv_dt(t, r);
+    a.eta = tr::eta_t(t, r);
+    a.lambda = tr::lambda_pt(c, p, t, r);
+    return {a, Status::ok};
+}
+
+}  // namespace ondrel

@@ -1,0 +1,31 @@
+// What the modern API's gas tables and mixtures hold: a loaded table, and a
+// mixture with its rows resolved in it and its constants computed once.
+#pragma once
+#include <memory>
+#include <vector>
+
+#include "fluiddata/od_fluiddata.hpp"
+#include "ondrel/mixture.hpp"
+#include "thermo/od_mixture.hpp"
+
+namespace ondrel {
+
+class GasTable {
+public:
+    od::fluiddata::Table table;
+};
+
+namespace detail {
+
+struct MixtureData {
+    std::shared_ptr<const GasTable> table;  // keeps the rows alive
+    std::vector<od::Component> comps;
+    od::MixtureRows rows;                   // views comps
+    double molar_mass = 0.0;                // kg/mol
+    double r_specific = 0.0;                // J/(kg K)
+    double t_min = 0.0, t_max = 0.0;        // K
+    bool condensing = false;
+};
+
+}  // namespace detail
+}  // namespace ondrel
