@@ -46,12 +46,16 @@ Status evaluate(const Mixture& mix, Pair pair, std::span<const double> in1, std:
         return Status::ok;
     }
     std::vector<std::jthread> pool;
-    pool.reserve(blocks - 1);
     const std::size_t step = (n + blocks - 1) / blocks;
     for (std::size_t b = 1; b < blocks; ++b) {
         const std::size_t begin = std::min(n, b * step);
         const std::size_t end = std::min(n, begin + step);
-        pool.emplace_back([=, &mix] { evaluate_block(mix, pair, in1, in2, props, out, status, begin, end); });
+        const auto work = [=, &mix] { evaluate_block(mix, pair, in1, in2, props, out, status, begin, end); };
+        try {
+            pool.emplace_back(work);
+        } catch (const std::exception&) {
+            work();  // no thread to be had: the block runs here; the bits are the same
+        }
     }
     evaluate_block(mix, pair, in1, in2, props, out, status, 0, std::min(n, step));
     return Status::ok;  // the pool joins as it goes out of scope
