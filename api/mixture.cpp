@@ -48,8 +48,18 @@ TableResult loaded(std::shared_ptr<GasTable> t, const std::string& where, std::s
     return {std::move(t), Status::ok};
 }
 
+// A path in quotes (built by appending: GCC 12 misreads the chained operator+ at -O3).
+std::string quoted(std::string_view text) {
+    std::string q;
+    q.reserve(text.size() + 2);
+    q.push_back('"');
+    q.append(text);
+    q.push_back('"');
+    return q;
+}
+
 std::string describe(const od::fluiddata::Source& s) {
-    return s.database ? "the fluid database in \"" + s.directory + "\"" : "\"" + s.file_path() + "\"";
+    return s.database ? "the fluid database in " + quoted(s.directory) : quoted(s.file_path());
 }
 
 // The rows the condensing water's gas-table terms use: the last "H2O" row
@@ -171,13 +181,13 @@ TableResult default_gas_table(std::string* detail) {
 TableResult load_gas_table_file(std::string_view path, std::string* detail) {
     auto t = std::make_shared<GasTable>();
     od::fluiddata::read_table_file(path, t->table);
-    return loaded(std::move(t), "\"" + std::string(path) + "\"", detail);
+    return loaded(std::move(t), quoted(path), detail);
 }
 
 TableResult load_gas_table_database(std::string_view directory, std::string* detail) {
     auto t = std::make_shared<GasTable>();
     od::fluiddata::read_table_db(directory, od::fluiddata::data_file_name, t->table);
-    return loaded(std::move(t), "the fluid database in \"" + std::string(directory) + "\"", detail);
+    return loaded(std::move(t), "the fluid database in " + quoted(directory), detail);
 }
 
 int component_count(const GasTable& table) { return table.table.ngas; }

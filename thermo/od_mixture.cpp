@@ -1,6 +1,7 @@
 #include "thermo/od_mixture.hpp"
 
 #include <algorithm>
+#include <new>
 
 namespace od {
 
@@ -9,9 +10,10 @@ Component stored_component(const CompName& name, double conc) {
 }
 
 StoredRows::StoredRows(const Mixture& mix) {
-    const std::size_t n = std::min<std::size_t>(mix.names.size(), buf_.size());
-    for (std::size_t i = 0; i < n; ++i) buf_[i] = stored_component(mix.names[i], mix.conc[i]);
-    rows_ = MixtureRows{std::span<const Component>(buf_.data(), n), h2o::stored_water_rows()};
+    const std::size_t n = std::min<std::size_t>(mix.names.size(), max_components);
+    Component* c = reinterpret_cast<Component*>(buf_);
+    for (std::size_t i = 0; i < n; ++i) new (c + i) Component(stored_component(mix.names[i], mix.conc[i]));
+    rows_ = MixtureRows{std::span<const Component>(std::launder(c), n), h2o::stored_water_rows()};
 }
 
 }  // namespace od

@@ -3,6 +3,8 @@
 // from the stored composition by the exported routines.
 #pragma once
 #include <array>
+#include <cstddef>
+#include <type_traits>
 #include <span>
 
 #include "fluiddata/od_fluiddata.hpp"
@@ -21,6 +23,8 @@ struct Component {
     char phase;
     bool water_if;
 };
+
+static_assert(std::is_trivially_destructible_v<Component>);
 
 struct MixtureRows {
     std::span<const Component> comps;
@@ -42,7 +46,9 @@ public:
     operator const MixtureRows&() const { return rows_; }  // NOLINT: a view of the same mixture
 
 private:
-    std::array<Component, max_components> buf_;  // the first n are filled
+    // Raw room for 250 components: only the first n are constructed, so that
+    // a request pays for its own components, not for the capacity.
+    alignas(Component) std::byte buf_[sizeof(Component) * max_components];
     MixtureRows rows_;
 };
 
