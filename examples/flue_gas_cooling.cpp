@@ -32,7 +32,7 @@ double gas_fraction(double t_c) {
 // gas fraction between 0.01 C and 100 C.
 double dew_point() {
     double cold = triple_point_c, warm = 100.0;
-    ondrel::prop("PT", p_bar, warm, names, conc, "h");  // stores the mixture
+    ondrel::legacy::prop("PT", p_bar, warm, names, conc, "h");  // stores the mixture
     for (int i = 0; i < 60; ++i) {
         const double mid = 0.5 * (cold + warm);
         (gas_fraction(mid) < 1.0 ? cold : warm) = mid;
@@ -42,7 +42,7 @@ double dew_point() {
 
 // A request from p and the given value back to T; prints what comes back.
 void check_back(const char* spec, double t_c, double given, int& mismatches) {
-    const ondrel::Result back = ondrel::prop(spec, p_bar, given, names, conc, "T");
+    const ondrel::legacy::Result back = ondrel::legacy::prop(spec, p_bar, given, names, conc, "T");
     if (!back) {
         std::printf("  %s at %7.2f C: error %d\n", spec, t_c, back.error);
         ++mismatches;
@@ -51,7 +51,7 @@ void check_back(const char* spec, double t_c, double given, int& mismatches) {
     if (std::fabs(back.value - t_c) <= t_match) return;
     ++mismatches;
     const char* letter = spec[1] == 'h' ? "h" : "s";
-    const ondrel::Result again = ondrel::prop("PT", p_bar, back.value, names, conc, letter);
+    const ondrel::legacy::Result again = ondrel::legacy::prop("PT", p_bar, back.value, names, conc, letter);
     std::printf("  %s at %7.2f C gives T = %8.3f C, where %s = %.6f (given %.6f)\n", spec, t_c,
                 back.value, letter, again.value, given);
 }
@@ -71,7 +71,7 @@ int main() {
     int failures = 0;
     for (std::size_t i = 0; i < std::size(temps); ++i) {
         const double t = temps[i];
-        const ondrel::Properties a = ondrel::allprops("PT", p_bar, t, names, conc);
+        const ondrel::legacy::Properties a = ondrel::legacy::allprops("PT", p_bar, t, names, conc);
         if (!a) {
             std::printf("%8.2f error %d\n", t, a.error);
             ++failures;

@@ -4,7 +4,7 @@
 //
 //   const std::string_view names[] = {"N2", "O2", "AR"};
 //   const double conc[] = {0.7809, 0.2095, 0.0096};
-//   ondrel::Result h = ondrel::prop("PT", 1.01325, 25.0, names, conc, "h");
+//   ondrel::legacy::Result h = ondrel::legacy::prop("PT", 1.01325, 25.0, names, conc, "h");
 //   if (h) use(h.value);   // kJ/kg
 //
 // Units and error codes are those of ondrel.h (bar, degrees Celsius, m3/kg,
@@ -22,7 +22,9 @@
 
 #include "ondrel/ondrel.h"
 
-namespace ondrel {
+// In namespace ondrel::legacy, beside the modern API (ondrel/mixture.hpp),
+// whose Result<T> and Status are the types of namespace ondrel.
+namespace ondrel::legacy {
 
 // Error codes of the mixture model.
 enum Error : int {
@@ -149,4 +151,4 @@ inline std::array<int, 4> version() {
     return {v[0], v[1], v[2], v[3]};
 }
 
-}  // namespace ondrel
+}  // namespace ondrel::legacy

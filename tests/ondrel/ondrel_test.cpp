@@ -188,19 +188,19 @@ TEST_F(Ondrel, CompsetFillsEverySlotAndTheGreetingIsExact) {
 
 TEST_F(Ondrel, CppApiGivesValueAndCode) {
     const std::string_view names[] = {"N2", "O2", "AR"};
-    const ondrel::Result h = ondrel::prop("PT", 1.01325, 25.0, names, air.conc, "h");
+    const ondrel::legacy::Result h = ondrel::legacy::prop("PT", 1.01325, 25.0, names, air.conc, "h");
     int err = -1;
     EXPECT_TRUE(h && h.value == prop("PT", 1.01325, 25.0, air, "h", err)) << h.error;
-    EXPECT_EQ(ondrel::prop("PT", 1.0, 25.0, names, air.conc, "enthalpy").error, ondrel::unknown_property);
+    EXPECT_EQ(ondrel::legacy::prop("PT", 1.0, 25.0, names, air.conc, "enthalpy").error, ondrel::legacy::unknown_property);
     const double two[] = {0.5, 0.5};  // lists of unequal length
-    const ondrel::Result mismatch = ondrel::prop("PT", 1.0, 25.0, names, two, "h");
-    EXPECT_TRUE(!mismatch && mismatch.error == ondrel::unknown_component && mismatch.value == missing);
-    const ondrel::Properties all = ondrel::allprops("PT", 1.01325, 25.0, names, air.conc);
+    const ondrel::legacy::Result mismatch = ondrel::legacy::prop("PT", 1.0, 25.0, names, two, "h");
+    EXPECT_TRUE(!mismatch && mismatch.error == ondrel::legacy::unknown_component && mismatch.value == missing);
+    const ondrel::legacy::Properties all = ondrel::legacy::allprops("PT", 1.01325, 25.0, names, air.conc);
     EXPECT_TRUE(all && all.h == h.value);
-    EXPECT_NEAR(ondrel::info(names, air.conc, "M_mol").value, 0.028962975932, 1e-12);
-    const std::vector<std::string> set = ondrel::compset();
+    EXPECT_NEAR(ondrel::legacy::info(names, air.conc, "M_mol").value, 0.028962975932, 1e-12);
+    const std::vector<std::string> set = ondrel::legacy::compset();
     EXPECT_TRUE(set.size() == 63 && set[5] == "H2O(IF)") << set.size();
-    EXPECT_EQ(ondrel::version(), (std::array<int, 4>{3, 0, 1, 24}));
+    EXPECT_EQ(ondrel::legacy::version(), (std::array<int, 4>{3, 0, 1, 24}));
 }
 
 }  // namespace
