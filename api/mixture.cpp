@@ -2,6 +2,7 @@
 // resolved once, states solved and checked, properties in SI units.
 #include "ondrel/mixture.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <mutex>
 #include <utility>
@@ -119,6 +120,45 @@ bool reproduces(od::Context& c, const detail::MixtureData& m, char letter, doubl
     return std::fabs(got - target) <= residual_tolerance * residual_scale(m, letter, target, t);
 }
 
+// T at pressure p where h, s or u (letter) equals target, by Newton's method
+// kept inside a shrinking bracket, for a mixture without condensing water
+// (each of h, s, u then rises with T). Falls back (returns NaN) when it does
+// not settle, and the caller then takes the bracketed search.
+inline constexpr double newton_start = 1000.0;       // K
+inline constexpr double newton_step_tolerance = 2e-15;  // relative step that ends the iteration
+inline constexpr int newton_max_iterations = 60;
+
+double newton_t(const detail::MixtureData& m, char letter, double p, double target) {
+    double lo = od::solver::t_lower;
+    double hi = m.t_max;
+    double t = std::clamp(newton_start, lo, hi);
+    const double r_m = od::basefuncs::r_gas / m.molar_mass;
+    const double log_p = std::log(p / od::basefuncs::p_ref);
+    for (int k = 0; k < newton_max_iterations; ++k) {
+        const bool entropy = letter == 's';
+        const td::GasSums g = td::gas_sums(m.rows, t, entropy ? std::log(t) : 0.0, entropy);
+        double f, df;
+        if (letter == 'h') {
+            f = g.h * r_m;
+            df = g.cp * r_m;
+        } else if (letter == 's') {
+            f = (g.s - m.gas_moles * log_p - m.mixing) * r_m;
+            df = g.cp * r_m / t;
+        } else {
+            f = (g.h - m.gas_moles * t) * r_m - p * m.condensed_volume / m.molar_mass;  // u = h - p v
+            df = (g.cp - m.gas_moles) * r_m;
+        }
+        const double r = f - target;
+        if (r == 0.0) return t;
+        (r > 0.0 ? hi : lo) = t;
+        double next = t - r / df;
+        if (!(next > lo && next < hi)) next = 0.5 * (lo + hi);
+        if (std::fabs(next - t) <= newton_step_tolerance * t) return next;
+        t = next;
+    }
+    return std::nan("");
+}
+
 Status solver_status(int ierr) {
     switch (ierr) {
     case 0: return Status::ok;
@@ -234,6 +274,18 @@ Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<c
     d->t_min = od::mixinfo::tmin(d->rows);
     d->t_max = od::mixinfo::tmax(d->rows);
     d->condensing = od::solver::has_water(d->rows);
+    double all_gas = 0.0;
+    for (const od::Component& c : d->comps)
+        if (c.phase == 'G') all_gas += c.conc;
+    for (const od::Component& c : d->comps) {
+        if (!(c.conc > od::thermodyn::negligible)) continue;
+        if (c.phase == 'G') {
+            d->gas_moles += c.conc;
+            d->mixing += c.conc * std::log(c.conc / all_gas);
+        } else {
+            d->condensed_volume += c.conc * od::basefuncs::v_sl(c.name, c.row);
+        }
+    }
     d->table = std::move(table);
     Mixture m;
     m.data_ = std::move(d);
@@ -289,11 +341,17 @@ Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, dou
     const detail::MixtureData& m = mix.data();
     od::Context& c = ctx.core();
     int ierr = 0;
-    const double a = to_interface(spec[0], in1);
-    const double b = to_interface(spec[1], in2);
     State st;
-    st.p = od::solver::core::get_p(c, spec, a, b, m.rows, ierr);
-    st.T = od::solver::core::get_t(c, spec, a, b, m.rows, ierr);
+    // (p, h), (p, s), (p, u) of a gas without condensing water: Newton's
+    // method from one temperature instead of a search from 1 K.
+    const bool newton = !m.condensing && spec[0] == 'P' && (spec[1] == 'h' || spec[1] == 's' || spec[1] == 'u');
+    if (newton) st = {in1, newton_t(m, spec[1], in1, in2)};
+    if (!newton || !finite(st.T)) {
+        const double a = to_interface(spec[0], in1);
+        const double b = to_interface(spec[1], in2);
+        st.p = od::solver::core::get_p(c, spec, a, b, m.rows, ierr);
+        st.T = od::solver::core::get_t(c, spec, a, b, m.rows, ierr);
+    }
     // A given pressure or temperature is kept to the last bit.
     for (int k = 0; k < 2; ++k) {
         if (spec[static_cast<std::size_t>(k)] == 'P') st.p = in[k];

@@ -25,6 +25,13 @@ struct MixtureData {
     double r_specific = 0.0;                // J/(kg K)
     double t_min = 0.0, t_max = 0.0;        // K
     bool condensing = false;
+    // Without condensing water, independent of the state: the gas-phase
+    // moles per mole of mixture that the sums count, the sum of
+    // c ln(c / g) over them (g: all gas-phase moles; the mixing entropy
+    // divided by -R), and the molar volume of the condensed species, m3/mol.
+    double gas_moles = 0.0;
+    double mixing = 0.0;
+    double condensed_volume = 0.0;
 };
 
 }  // namespace detail

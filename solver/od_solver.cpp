@@ -22,7 +22,6 @@ using units::pa_to_bar;
 constexpr double p_lower = 1.0;        // Pa, lower end of every pressure bracket
 constexpr double p_upper = 1.0e8;      // Pa, upper end unless the first letter is "v" or "d"
 constexpr double p_volume_coef = 41571.5;  // R * 5000 K: the upper end is this / (v M)
-constexpr double t_lower = 1.0;        // K, lower end of every temperature bracket
 constexpr double vu_retry_width = 100000.0;  // Pa: "vu" retries while the bracket is wider
 constexpr double vu_retry_lower_factor = 10.0;
 constexpr double vu_retry_upper_factor = 0.95;

@@ -25,6 +25,7 @@ inline constexpr int err_not_bracketed = 5;     // brent: value not reached with
 inline constexpr int err_p_undetermined = 7;    // "Th"/"Tu" of a mixture without "H2O(IF)"
 
 inline constexpr double solve_tol = 1e-6;            // tol of every brent call
+inline constexpr double t_lower = 1.0;               // K, lower end of every temperature bracket
 inline constexpr int max_iterations = 100;           // evaluations inside brent's loop
 inline constexpr double not_converged_value = 0.0;   // result with err_not_converged
 inline constexpr double twice_epsilon = 4.440892098500626e-16;  // 2 * DBL_EPSILON

@@ -13,7 +13,6 @@ namespace {
 
 using basefuncs::r_gas;
 
-inline constexpr double negligible = 1e-10;  // concentrations at or below are skipped
 
 // Moles of gas phase per mole of mixture: the sum of the gas-phase
 // concentrations, reduced when the condensing water exceeds saturation.
@@ -108,6 +107,18 @@ double u_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
 }
 
 double x_gas(Context& ctx, double p, double t, const MixtureRows& mix) { return gas_fraction(ctx, p, t, mix); }
+
+GasSums gas_sums(const MixtureRows& mix, double t, double log_t, bool with_entropy) {
+    GasSums g;
+    for (const Component& c : mix.comps) {
+        if (!(c.conc > negligible)) continue;
+        const component::Coefs& a = component::coefs(c.row, t);
+        g.h += c.conc * component::h_of(a, t);
+        if (with_entropy) g.s += c.conc * component::s_of(a, t, log_t);
+        g.cp += c.conc * component::cp_of(a, t);
+    }
+    return g;
+}
 
 }  // namespace core
 

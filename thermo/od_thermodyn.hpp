@@ -6,6 +6,8 @@
 
 namespace od::thermodyn {
 
+inline constexpr double negligible = 1e-10;  // concentrations at or below are left out of the sums
+
 // The state functions on an explicit context and resolved rows (in their own
 // namespace so that the names below stay unambiguous as function values).
 namespace core {
@@ -15,6 +17,19 @@ double cv_pt(Context& ctx, double p, double t, const MixtureRows& mix);   // iso
 double v_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // specific volume, m3/kg
 double u_pt(Context& ctx, double p, double t, const MixtureRows& mix);    // internal energy, J/kg
 double x_gas(Context& ctx, double p, double t, const MixtureRows& mix);   // moles of gas phase per mole of mixture
+
+// A mixture without condensing water in one pass at temperature t: the
+// per-mole sums divided by R (mole-fraction weighted, concentrations at or
+// below 1e-10 skipped, as the functions above sum them) of the enthalpy
+// h/R, the entropy s/R at the reference pressure before the pressure and
+// mixing terms, and cp/R. h_pt is h * R / M and cv_pt (cp * R - R) / M.
+struct GasSums {
+    double h = 0.0;
+    double s = 0.0;
+    double cp = 0.0;
+};
+// with_entropy false leaves s at 0 and saves its polynomial.
+GasSums gas_sums(const MixtureRows& mix, double t, double log_t, bool with_entropy = true);
 }  // namespace core
 
 // The same on the default context, the rows found through the stored composition.

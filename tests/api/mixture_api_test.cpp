@@ -74,9 +74,12 @@ double si(char letter, const od::ondrel::AllProps& r) {
 }
 
 // Every pair, over a grid of states: the modern API gives the exported
-// routines' state within 1e-12, or refuses one that does not reproduce the
-// inputs within its tolerance (a few percent of the requests, where the
-// exported routines stop at a residual of 1e-6 in the matched quantity).
+// routines' state, or refuses one that does not reproduce the inputs within
+// its tolerance (a few percent of the requests, where the exported routines
+// stop at a residual of 1e-6 in the matched quantity). The states agree
+// within 1e-9: the exported searches end within 5e-7 K of the root, while
+// Newton's method ("Ph", "Ps", "Pu" without condensing water) goes to the
+// last bits.
 TEST(MixtureApi, SolvesEveryPairAsTheExportedRoutinesDo) {
     ondrel::Context ctx;
     int compared = 0, refused = 0;
@@ -119,11 +122,12 @@ TEST(MixtureApi, SolvesEveryPairAsTheExportedRoutinesDo) {
                     }
                     ++compared;
                     EXPECT_EQ(e, 0) << where;
-                    EXPECT_TRUE(close(st.value.p, old.P * 1e5)) << where << " p " << st.value.p << " " << old.P;
-                    EXPECT_TRUE(close(st.value.T, old.T + 273.15)) << where << " T " << st.value.T << " " << old.T;
+                    EXPECT_TRUE(close(st.value.p, old.P * 1e5, 1e-9)) << where << " p " << st.value.p << " " << old.P;
+                    EXPECT_TRUE(close(st.value.T, old.T + 273.15, 1e-9)) << where << " T " << st.value.T << " " << old.T;
                     const auto all = ondrel::properties(ctx, mix, st.value);
                     ASSERT_TRUE(all);
-                    EXPECT_TRUE(close(all.value.h, old.h * 1e3, 1e-9)) << where;
+                    EXPECT_LE(std::fabs(all.value.h - old.h * 1e3), 1e-9 * (std::fabs(old.h * 1e3) + 1e3 * st.value.T))
+                        << where;
                     EXPECT_TRUE(close(all.value.eta, old.eta, 1e-9)) << where;
                 }
             }
