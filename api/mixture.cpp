@@ -193,8 +193,8 @@ double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop,
     case Property::d2P_dv2: return dv::d2p_dv2(p, t, r);
     case Property::d2P_dTdv: return dv::d2p_dtdv(p, t, r);
     case Property::dCv_dT: return dv::dcv_dt(t, r);
-    case Property::eta: return tr::eta_t(t, r);
-    case Property::lambda: return tr::lambda_pt(c, p, t, r);
+    case Property::eta: return tr::eta_t(t, r, &m.wilke);
+    case Property::lambda: return tr::lambda_pt(c, p, t, r, &m.wilke);
     }
     return std::nan("");
 }
@@ -274,6 +274,7 @@ Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<c
     d->t_min = od::mixinfo::tmin(d->rows);
     d->t_max = od::mixinfo::tmax(d->rows);
     d->condensing = od::solver::has_water(d->rows);
+    d->wilke = od::transport::core::wilke_factors(d->rows);
     double all_gas = 0.0;
     for (const od::Component& c : d->comps)
         if (c.phase == 'G') all_gas += c.conc;
@@ -393,8 +394,8 @@ Result<AllProperties> properties(Context& ctx, const Mixture& mix, const State& 
     a.d2P_dv2 = dv::d2p_dv2(p, t, r);
     a.d2P_dTdv = dv::d2p_dtdv(p, t, r);
     a.dCv_dT = dv::dcv_dt(t, r);
-    a.eta = tr::eta_t(t, r);
-    a.lambda = tr::lambda_pt(c, p, t, r);
+    a.eta = tr::eta_t(t, r, &mix.data().wilke);
+    a.lambda = tr::lambda_pt(c, p, t, r, &mix.data().wilke);
     return {a, Status::ok};
 }
 

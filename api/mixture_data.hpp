@@ -7,6 +7,7 @@
 #include "fluiddata/od_fluiddata.hpp"
 #include "ondrel/mixture.hpp"
 #include "thermo/od_mixture.hpp"
+#include "thermo/od_transport.hpp"
 
 namespace ondrel {
 
@@ -32,6 +33,7 @@ struct MixtureData {
     double gas_moles = 0.0;
     double mixing = 0.0;
     double condensed_volume = 0.0;
+    od::transport::core::WilkeFactors wilke;  // pair terms of the mixing rules
 };
 
 }  // namespace detail

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <span>
 #include <array>
+#include <vector>
 
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_component.hpp"
@@ -51,14 +52,22 @@ double component_conductivity(Context& ctx, double p, double t, const Component&
 }
 
 // Wilke's weight of j in the denominator of i; x are the component values,
-// massratio the ratio inside the fourth root.
-double phi(double xi, double xj, double massratio, double mi, double mj) {
-    const double b = 1.0 + std::sqrt(xi / xj) * std::pow(massratio, 0.25);
-    return b * b / std::sqrt(wilke * (1.0 + mi / mj));
+// t the pair's fourth root of the mass ratio and sqrt(8 (1 + Mi/Mj)).
+double phi(double xi, double xj, const core::PairTerms& t) {
+    const double b = 1.0 + std::sqrt(xi / xj) * t.root;
+    return b * b / t.denom;
 }
 
-// sum_i c_i x_i / D_i, D_i = sum_j c_j phi_ij; viscosity_rule picks the mass ratio.
-double mix_rule(const MixtureRows& mix, std::span<const double> x, std::span<const double> m, bool viscosity_rule) {
+// The pair terms as the rule forms them; viscosity_rule picks the mass ratio.
+core::PairTerms pair_terms(double mi, double mj, bool viscosity_rule) {
+    // Intended: viscosity weighs by M_j/M_i, conductivity by M_i/M_j.
+    const double ratio = viscosity_rule ? mj / mi : mi / mj;
+    return {std::pow(ratio, 0.25), std::sqrt(wilke * (1.0 + mi / mj))};
+}
+
+// sum_i c_i x_i / D_i, D_i = sum_j c_j phi_ij; terms(i, j) gives the pair terms.
+template <class Terms>
+double mix_rule(const MixtureRows& mix, std::span<const double> x, Terms terms) {
     double total = 0.0;
     for (std::size_t i = 0; i < mix.comps.size(); ++i) {
         const double ci = mix.comps[i].conc;
@@ -67,11 +76,7 @@ double mix_rule(const MixtureRows& mix, std::span<const double> x, std::span<con
         for (std::size_t j = 0; j < mix.comps.size(); ++j) {
             const double cj = mix.comps[j].conc;
             double f = 0.0;
-            if (!(cj <= negligible) && !(x[j] <= 0.0)) {
-                // Intended: viscosity weighs by M_j/M_i, conductivity by M_i/M_j.
-                const double ratio = viscosity_rule ? m[j] / m[i] : m[i] / m[j];
-                f = phi(x[i], x[j], ratio, m[i], m[j]);
-            }
+            if (!(cj <= negligible) && !(x[j] <= 0.0)) f = phi(x[i], x[j], terms(i, j));
             d += cj * f;
         }
         if (std::fabs(d) > negligible) total += ci * x[i] / d;
@@ -80,18 +85,22 @@ double mix_rule(const MixtureRows& mix, std::span<const double> x, std::span<con
 }
 
 // The mixture value by Wilke's rule from each component's own value
-// value(component); components at or below the threshold take 0.
+// value(component); components at or below the threshold take 0. factors:
+// the pair terms computed beforehand, or nullptr to form them here.
 template <class Value>
-double mixture_value(const MixtureRows& mix, bool viscosity_rule, Value value) {
+double mixture_value(const MixtureRows& mix, bool viscosity_rule, const std::vector<core::PairTerms>* factors,
+                     Value value) {
     // Scratch on the stack: a mixture has at most 250 components.
     std::array<double, max_components> x, m;
-    for (std::size_t i = 0; i < mix.comps.size(); ++i) {
+    const std::size_t n = mix.comps.size();
+    for (std::size_t i = 0; i < n; ++i) {
         const Component& c = mix.comps[i];
         m[i] = component::mmol(c.row);
         x[i] = c.conc <= negligible ? 0.0 : value(c);
     }
-    const std::size_t n = mix.comps.size();
-    return mix_rule(mix, std::span<const double>(x.data(), n), std::span<const double>(m.data(), n), viscosity_rule);
+    const std::span<const double> xs(x.data(), n);
+    if (factors) return mix_rule(mix, xs, [&](std::size_t i, std::size_t j) { return (*factors)[i * n + j]; });
+    return mix_rule(mix, xs, [&](std::size_t i, std::size_t j) { return pair_terms(m[i], m[j], viscosity_rule); });
 }
 
 }  // namespace
@@ -104,12 +113,28 @@ double thermcond(double p, double t, const CompName& name) {
 
 namespace core {
 
-double eta_t(double t, const MixtureRows& mix) {
-    return mixture_value(mix, true, [t](const Component& c) { return component_viscosity(t, c.row); });
+double eta_t(double t, const MixtureRows& mix, const WilkeFactors* w) {
+    return mixture_value(mix, true, w ? &w->viscosity : nullptr,
+                         [t](const Component& c) { return component_viscosity(t, c.row); });
 }
 
-double lambda_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
-    return mixture_value(mix, false, [&](const Component& c) { return component_conductivity(ctx, p, t, c, mix.water); });
+double lambda_pt(Context& ctx, double p, double t, const MixtureRows& mix, const WilkeFactors* w) {
+    return mixture_value(mix, false, w ? &w->conductivity : nullptr,
+                         [&](const Component& c) { return component_conductivity(ctx, p, t, c, mix.water); });
+}
+
+WilkeFactors wilke_factors(const MixtureRows& mix) {
+    const std::size_t n = mix.comps.size();
+    WilkeFactors w;
+    w.viscosity.resize(n * n);
+    w.conductivity.resize(n * n);
+    for (std::size_t i = 0; i < n; ++i)
+        for (std::size_t j = 0; j < n; ++j) {
+            const double mi = component::mmol(mix.comps[i].row), mj = component::mmol(mix.comps[j].row);
+            w.viscosity[i * n + j] = pair_terms(mi, mj, true);
+            w.conductivity[i * n + j] = pair_terms(mi, mj, false);
+        }
+    return w;
 }
 
 }  // namespace core
