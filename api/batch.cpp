@@ -22,11 +22,7 @@ void evaluate_block(const Mixture& mix, Pair pair, std::span<const double> in1, 
         double* row = out.data() + i * w;
         const Result<State> st = solve(ctx, mix, pair, in1[i], in2[i]);
         Status s = st.status;
-        for (std::size_t k = 0; k < w && s == Status::ok; ++k) {
-            const Result<double> v = property(ctx, mix, st.value, props[k]);
-            row[k] = v.value;
-            s = v.status;
-        }
+        if (s == Status::ok) s = properties(ctx, mix, st.value, props, std::span<double>(row, w));
         if (s != Status::ok) std::fill(row, row + w, std::nan(""));
         status[i] = s;
     }

@@ -136,7 +136,7 @@ double newton_t(const detail::MixtureData& m, char letter, double p, double targ
     const double log_p = std::log(p / od::basefuncs::p_ref);
     for (int k = 0; k < newton_max_iterations; ++k) {
         const bool entropy = letter == 's';
-        const td::GasSums g = td::gas_sums(m.rows, t, entropy ? std::log(t) : 0.0, entropy);
+        const td::GasSums g = td::gas_sums(m.rows, t, entropy ? std::log(t) : 0.0, {!entropy, entropy, true});
         double f, df;
         if (letter == 'h') {
             f = g.h * r_m;
@@ -176,8 +176,50 @@ Status check_state(const Mixture& mix, const State& st) {
     return Status::ok;
 }
 
-double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop, double p, double t) {
+// The caloric and volumetric properties of a gas without condensing water
+// from one pass over its components (h as h_pt gives it; s, v within a few
+// units of the last bit of s_pt, v_pt, summed in another order).
+struct GasState {
+    double h, s, cv, v;
+};
+// parts: the sums the wanted properties need (u needs h).
+GasState gas_state(const detail::MixtureData& m, double p, double t, td::SumParts parts) {
+    const td::GasSums g = td::gas_sums(m.rows, t, parts.s ? std::log(t) : 0.0, parts);
+    const double r = od::basefuncs::r_gas;
+    GasState st;
+    st.h = g.h * r / m.molar_mass;
+    st.s = parts.s ? (g.s - m.gas_moles * std::log(p / od::basefuncs::p_ref) - m.mixing) * r / m.molar_mass : 0.0;
+    st.cv = (g.cp * r - r) / m.molar_mass;
+    st.v = (m.gas_moles * (r * t / p) + m.condensed_volume) / m.molar_mass;
+    return st;
+}
+
+// The sums a property needs.
+td::SumParts parts_of(Property prop) {
+    return {prop == Property::h || prop == Property::u, prop == Property::s, prop == Property::cv};
+}
+
+bool caloric(Property prop) {
+    return prop == Property::v || prop == Property::d || prop == Property::h || prop == Property::s ||
+           prop == Property::u || prop == Property::cv;
+}
+
+// Property prop at (p, t); gs holds the gas state when the mixture has no
+// condensing water and prop is caloric or volumetric.
+double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop, double p, double t,
+                    const GasState* gs) {
     const od::MixtureRows& r = m.rows;
+    if (gs) {
+        switch (prop) {
+        case Property::v: return gs->v;
+        case Property::d: return 1.0 / gs->v;
+        case Property::h: return gs->h;
+        case Property::s: return gs->s;
+        case Property::u: return gs->h - gs->v * p;
+        case Property::cv: return gs->cv;
+        default: break;
+        }
+    }
     switch (prop) {
     case Property::P: return p;
     case Property::T: return t;
@@ -369,25 +411,61 @@ Result<double> property(Context& ctx, const Mixture& mix, const State& state, Pr
     const Status s = check_state(mix, state);
     if (s != Status::ok) return {0.0, s};
     if (static_cast<std::size_t>(prop) >= od::ondrel::property_names.size()) return {0.0, Status::unknown_property};
-    return {evaluate_one(ctx.core(), mix.data(), prop, state.p, state.T), Status::ok};
+    const detail::MixtureData& m = mix.data();
+    if (!m.condensing && caloric(prop)) {
+        const GasState gs = gas_state(m, state.p, state.T, parts_of(prop));
+        return {evaluate_one(ctx.core(), m, prop, state.p, state.T, &gs), Status::ok};
+    }
+    return {evaluate_one(ctx.core(), m, prop, state.p, state.T, nullptr), Status::ok};
+}
+
+Status properties(Context& ctx, const Mixture& mix, const State& state, std::span<const Property> props,
+                  std::span<double> out) {
+    if (out.size() != props.size()) return Status::invalid_argument;
+    const Status s = check_state(mix, state);
+    if (s != Status::ok) return s;
+    for (Property prop : props)
+        if (static_cast<std::size_t>(prop) >= od::ondrel::property_names.size()) return Status::unknown_property;
+    const detail::MixtureData& m = mix.data();
+    bool gas = false;
+    td::SumParts parts{false, false, false};
+    for (Property prop : props) {
+        gas = gas || (!m.condensing && caloric(prop));
+        const td::SumParts need = parts_of(prop);
+        parts = {parts.h || need.h, parts.s || need.s, parts.cp || need.cp};
+    }
+    GasState gs{};
+    if (gas) gs = gas_state(m, state.p, state.T, parts);
+    for (std::size_t k = 0; k < props.size(); ++k)
+        out[k] = evaluate_one(ctx.core(), m, props[k], state.p, state.T, gas ? &gs : nullptr);
+    return Status::ok;
 }
 
 Result<AllProperties> properties(Context& ctx, const Mixture& mix, const State& state) {
     const Status s = check_state(mix, state);
     if (s != Status::ok) return {{}, s};
     od::Context& c = ctx.core();
-    const od::MixtureRows& r = mix.data().rows;
+    const detail::MixtureData& m = mix.data();
+    const od::MixtureRows& r = m.rows;
     const double p = state.p;
     const double t = state.T;
     AllProperties a{};
     a.P = p;
     a.T = t;
-    a.v = td::v_pt(c, p, t, r);
+    if (!m.condensing) {
+        const GasState gs = gas_state(m, p, t, {});
+        a.v = gs.v;
+        a.h = gs.h;
+        a.s = gs.s;
+        a.cv = gs.cv;
+    } else {
+        a.v = td::v_pt(c, p, t, r);
+        a.h = td::h_pt(c, p, t, r);
+        a.s = td::s_pt(c, p, t, r);
+        a.cv = td::cv_pt(c, p, t, r);
+    }
     a.d = 1.0 / a.v;
-    a.h = td::h_pt(c, p, t, r);
-    a.s = td::s_pt(c, p, t, r);
     a.u = a.h - a.v * p;
-    a.cv = td::cv_pt(c, p, t, r);
     a.dP_dT = dv::dp_dt(p, t);
     a.dP_dv = dv::dp_dv(p, t, r);
     a.d2P_dT2 = dv::d2p_dt2();

@@ -47,6 +47,19 @@ void BM_Api_all16(benchmark::State& state) {
 }
 BENCHMARK(BM_Api_all16);
 
+void BM_Api_h_s_cv_d(benchmark::State& state) {
+    ondrel::Context ctx;
+    const ondrel::Property want[] = {ondrel::Property::h, ondrel::Property::s, ondrel::Property::cv,
+                                     ondrel::Property::d};
+    double out[4];
+    std::size_t i = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(ondrel::properties(ctx, gas(), {1e5, t_of(i++)}, want, out));
+        benchmark::DoNotOptimize(out);
+    }
+}
+BENCHMARK(BM_Api_h_s_cv_d);
+
 void BM_Api_eta(benchmark::State& state) {
     ondrel::Context ctx;
     std::size_t i = 0;

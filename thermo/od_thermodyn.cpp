@@ -108,14 +108,14 @@ double u_pt(Context& ctx, double p, double t, const MixtureRows& mix) {
 
 double x_gas(Context& ctx, double p, double t, const MixtureRows& mix) { return gas_fraction(ctx, p, t, mix); }
 
-GasSums gas_sums(const MixtureRows& mix, double t, double log_t, bool with_entropy) {
+GasSums gas_sums(const MixtureRows& mix, double t, double log_t, SumParts parts) {
     GasSums g;
     for (const Component& c : mix.comps) {
         if (!(c.conc > negligible)) continue;
         const component::Coefs& a = component::coefs(c.row, t);
-        g.h += c.conc * component::h_of(a, t);
-        if (with_entropy) g.s += c.conc * component::s_of(a, t, log_t);
-        g.cp += c.conc * component::cp_of(a, t);
+        if (parts.h) g.h += c.conc * component::h_of(a, t);
+        if (parts.s) g.s += c.conc * component::s_of(a, t, log_t);
+        if (parts.cp) g.cp += c.conc * component::cp_of(a, t);
     }
     return g;
 }

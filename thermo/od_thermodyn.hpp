@@ -28,8 +28,11 @@ struct GasSums {
     double s = 0.0;
     double cp = 0.0;
 };
-// with_entropy false leaves s at 0 and saves its polynomial.
-GasSums gas_sums(const MixtureRows& mix, double t, double log_t, bool with_entropy = true);
+// Which sums to form; those left out stay 0 and save their polynomial.
+struct SumParts {
+    bool h = true, s = true, cp = true;
+};
+GasSums gas_sums(const MixtureRows& mix, double t, double log_t, SumParts parts = {});
 }  // namespace core
 
 // The same on the default context, the rows found through the stored composition.

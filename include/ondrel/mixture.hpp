@@ -145,8 +145,14 @@ struct AllProperties {
 ONDREL_API Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2);
 
 // One property at a state; all sixteen at once (one pass where they share work).
+// Without condensing water, v, d, s and u come from one pass over the
+// components and may differ from the exported routines' sums in the last bits.
 ONDREL_API Result<double> property(Context& ctx, const Mixture& mix, const State& state, Property prop);
 ONDREL_API Result<AllProperties> properties(Context& ctx, const Mixture& mix, const State& state);
+// The properties props at a state into out (same size): one pass over the
+// components for all of them, the same bits as the single calls.
+ONDREL_API Status properties(Context& ctx, const Mixture& mix, const State& state, std::span<const Property> props,
+                             std::span<double> out);
 
 // ---------------------------------------------------------------------------
 // Arrays: point i has the inputs in1[i], in2[i]; out receives n rows of
