@@ -9,6 +9,7 @@
 
 #include "api/mixture_data.hpp"
 #include "ondrel/od_properties.hpp"
+#include "solver/od_pair_search.hpp"
 #include "solver/od_solver.hpp"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_context.hpp"
@@ -82,16 +83,6 @@ od::h2o::WaterRows water_rows(const od::fluiddata::Table& t) {
 
 bool finite(double x) { return std::isfinite(x); }
 
-// Interface units of the solver (bar, degrees Celsius, kJ) from SI, per letter.
-double to_interface(char letter, double x) {
-    switch (letter) {
-    case 'P': return x * pa_to_bar;
-    case 'T': return x - celsius_offset;
-    case 'h': case 's': case 'u': return x * j_to_kj;
-    default: return x;  // v, d
-    }
-}
-
 // The value of a letter's quantity at (p, T), SI units.
 double quantity(od::Context& c, const detail::MixtureData& m, char letter, double p, double t) {
     switch (letter) {
@@ -121,15 +112,16 @@ bool reproduces(od::Context& c, const detail::MixtureData& m, char letter, doubl
 }
 
 // T at pressure p where h, s or u (letter) equals target, by Newton's method
-// kept inside a shrinking bracket, for a mixture without condensing water
-// (each of h, s, u then rises with T). Falls back (returns NaN) when it does
-// not settle, and the caller then takes the bracketed search.
+// kept inside a shrinking bracket in the data range, for a mixture without
+// condensing water (each of h, s, u then rises with T). Returns NaN when it
+// does not settle, and the caller then takes the sampled search; a target
+// outside the range ends at an end of it, which the check then refuses.
 inline constexpr double newton_start = 1000.0;       // K
 inline constexpr double newton_step_tolerance = 2e-15;  // relative step that ends the iteration
 inline constexpr int newton_max_iterations = 60;
 
 double newton_t(const detail::MixtureData& m, char letter, double p, double target) {
-    double lo = od::solver::t_lower;
+    double lo = m.t_min;
     double hi = m.t_max;
     double t = std::clamp(newton_start, lo, hi);
     const double r_m = od::basefuncs::r_gas / m.molar_mass;
@@ -159,20 +151,12 @@ double newton_t(const detail::MixtureData& m, char letter, double p, double targ
     return std::nan("");
 }
 
-Status solver_status(int ierr) {
-    switch (ierr) {
-    case 0: return Status::ok;
-    case od::solver::err_unknown_spec: return Status::unknown_pair;
-    case od::solver::err_not_converged: return Status::not_converged;
-    case od::solver::err_p_undetermined: return Status::pressure_undetermined;
-    default: return Status::no_solution;
-    }
-}
-
 Status check_state(const Mixture& mix, const State& st) {
     if (!mix.valid()) return Status::invalid_argument;
     if (!finite(st.p) || !finite(st.T)) return Status::invalid_input;
     if (st.p <= 0.0 || st.T <= 0.0) return Status::non_positive_input;
+    // The polynomials are not extrapolated: outside their range they are no data.
+    if (st.T < mix.data().t_min || st.T > mix.data().t_max) return Status::outside_data_range;
     return Status::ok;
 }
 
@@ -202,6 +186,120 @@ td::SumParts parts_of(Property prop) {
 bool caloric(Property prop) {
     return prop == Property::v || prop == Property::d || prop == Property::h || prop == Property::s ||
            prop == Property::u || prop == Property::cv;
+}
+
+// --- the search of a state from an input pair -------------------------------
+
+// Samples per temperature piece of the outer search of the pairs that give
+// neither pressure nor temperature (its residual need not run one way).
+inline constexpr int nested_samples = 24;
+// Samples of a pressure search with condensing water: three per decade from 1 Pa to 1e8 Pa.
+inline constexpr int pressure_samples = 25;
+
+struct Search {
+    State state;
+    Status status = Status::ok;
+};
+
+Status outcome_status(const od::search::Root& r) {
+    switch (r.outcome) {
+    case od::search::Outcome::found: return Status::ok;
+    case od::search::Outcome::not_converged: return Status::not_converged;
+    default: return Status::no_solution;
+    }
+}
+
+// The pressure at temperature t where the quantity `letter` (v, d, h, s or
+// u) equals target. Without condensing water v, d and s fix it in closed
+// form, and h and u do not depend on it.
+od::search::Root pressure_at(od::Context& c, const detail::MixtureData& m, char letter, double target, double t) {
+    if (!m.condensing) {
+        const double r = od::basefuncs::r_gas;
+        double p = std::nan("");
+        if (letter == 'v' || letter == 'd') {
+            const double v = letter == 'v' ? target : 1.0 / target;
+            p = m.gas_moles * r * t / (v * m.molar_mass - m.condensed_volume);
+        } else if (letter == 's') {
+            const td::GasSums g = td::gas_sums(m.rows, t, std::log(t), {false, true, false});
+            p = od::basefuncs::p_ref * std::exp((g.s - m.mixing - target * m.molar_mass / r) / m.gas_moles);
+        }
+        if (finite(p) && p > 0.0) return {p, od::search::Outcome::found, false};
+        return {};
+    }
+    // Volume, density and entropy fall with pressure; the condensate's
+    // enthalpy rises with it where the vapour's does not, so h and u need not
+    // run one way and are sampled.
+    const auto f = [&](double p) { return quantity(c, m, letter, p, t) - target; };
+    const int n = letter == 'h' || letter == 'u' ? pressure_samples : 2;
+    return od::search::find_root(f, od::search::p_search_min, od::search::p_search_max, true, n,
+                                 od::search::Prefer::lowest);
+}
+
+// The temperature intervals on which the state functions are continuous: the
+// condensing water's terms jump at the triple point, where its condensate
+// turns from ice-like to liquid.
+inline constexpr double t_triple = 273.16;  // K
+
+std::vector<double> temperature_pieces(const detail::MixtureData& m) {
+    if (m.condensing && m.t_min < t_triple && t_triple < m.t_max) return {m.t_min, t_triple, m.t_max};
+    return {m.t_min, m.t_max};
+}
+
+// The temperature at pressure p where the quantity `letter` equals target.
+od::search::Root temperature_at(od::Context& c, const detail::MixtureData& m, char letter, double target, double p) {
+    if (!m.condensing && (letter == 'h' || letter == 's' || letter == 'u')) {
+        const double t = newton_t(m, letter, p, target);
+        if (finite(t)) return {t, od::search::Outcome::found, false};
+    }
+    const auto f = [&](double t) { return quantity(c, m, letter, p, t) - target; };
+    // Every quantity runs one way with temperature on each piece.
+    return od::search::find_root_in_pieces(f, temperature_pieces(m), false, 2);
+}
+
+// The state of the pair spec with values a, b (SI units).
+Search search_state(od::Context& c, const detail::MixtureData& m, std::string_view spec, double a, double b) {
+    Search out;
+    State& st = out.state;
+    const char first = spec[0], second = spec[1];
+    if (first == 'P' && second == 'T') return {{a, b}, Status::ok};
+    if (first == 'T' && second == 'P') return {{b, a}, Status::ok};
+    if (first == 'P') {
+        const od::search::Root r = temperature_at(c, m, second, b, a);
+        st = {a, r.x, r.not_unique};
+        out.status = outcome_status(r);
+        return out;
+    }
+    if (first == 'T') {
+        // Without condensing water an ideal gas's h and u do not fix the pressure.
+        if (!m.condensing && (second == 'h' || second == 'u')) return {{0.0, a}, Status::pressure_undetermined};
+        const od::search::Root r = pressure_at(c, m, second, b, a);
+        st = {r.x, a, r.not_unique};
+        out.status = outcome_status(r);
+        return out;
+    }
+    // Neither pressure nor temperature: at each temperature the pressure that
+    // matches the volume, density or entropy, then the temperature at which
+    // the other quantity matches too.
+    const bool first_inner = first == 'v' || first == 'd' || first == 's';
+    const char inner = first_inner ? first : second;
+    const char outer = first_inner ? second : first;
+    const double inner_target = first_inner ? a : b;
+    const double outer_target = first_inner ? b : a;
+    bool inner_not_unique = false;
+    const auto residual = [&](double t) {
+        const od::search::Root p = pressure_at(c, m, inner, inner_target, t);
+        if (p.outcome != od::search::Outcome::found) return std::nan("");
+        inner_not_unique = inner_not_unique || p.not_unique;
+        return quantity(c, m, outer, p.x, t) - outer_target;
+    };
+    // Sampled evenly in ln T: closer where condensation shapes the residual.
+    const od::search::Root t = od::search::find_root_in_pieces(residual, temperature_pieces(m), true, nested_samples);
+    out.status = outcome_status(t);
+    if (out.status != Status::ok) return out;
+    const od::search::Root p = pressure_at(c, m, inner, inner_target, t.x);
+    st = {p.x, t.x, t.not_unique || p.not_unique};
+    out.status = outcome_status(p);
+    return out;
 }
 
 // Property prop at (p, t); gs holds the gas state when the mixture has no
@@ -383,25 +481,11 @@ Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, dou
     }
     const detail::MixtureData& m = mix.data();
     od::Context& c = ctx.core();
-    int ierr = 0;
-    State st;
-    // (p, h), (p, s), (p, u) of a gas without condensing water: Newton's
-    // method from one temperature instead of a search from 1 K.
-    const bool newton = !m.condensing && spec[0] == 'P' && (spec[1] == 'h' || spec[1] == 's' || spec[1] == 'u');
-    if (newton) st = {in1, newton_t(m, spec[1], in1, in2)};
-    if (!newton || !finite(st.T)) {
-        const double a = to_interface(spec[0], in1);
-        const double b = to_interface(spec[1], in2);
-        st.p = od::solver::core::get_p(c, spec, a, b, m.rows, ierr);
-        st.T = od::solver::core::get_t(c, spec, a, b, m.rows, ierr);
-    }
-    // A given pressure or temperature is kept to the last bit.
-    for (int k = 0; k < 2; ++k) {
-        if (spec[static_cast<std::size_t>(k)] == 'P') st.p = in[k];
-        if (spec[static_cast<std::size_t>(k)] == 'T') st.T = in[k];
-    }
-    if (ierr != 0) return {st, solver_status(ierr)};
+    const Search found = search_state(c, m, spec, in[0], in[1]);
+    if (found.status != Status::ok) return {found.state, found.status};
+    const State& st = found.state;
     if (!finite(st.p) || !finite(st.T) || !(st.p > 0.0) || !(st.T > 0.0)) return {st, Status::no_solution};
+    if (st.T < m.t_min || st.T > m.t_max) return {st, Status::outside_data_range};
     for (int k = 0; k < 2; ++k)
         if (!reproduces(c, m, spec[static_cast<std::size_t>(k)], in[k], st.p, st.T)) return {st, Status::no_solution};
     return {st, Status::ok};

@@ -123,10 +123,15 @@ ONDREL_API std::string_view name(Pair pair);
 ONDREL_API Result<Property> property_from_name(std::string_view name);
 ONDREL_API std::string_view name(Property property);
 
-// A state of the mixture: pressure and temperature.
+// A state of the mixture: pressure and temperature. not_unique: solve found
+// several states in the data range that reproduce the inputs and returned
+// the one at the highest temperature (for a pair with a given temperature,
+// the lowest pressure: the gas-like state, where the condensate's enthalpy
+// rising with pressure gives a second one).
 struct State {
     double p = 0.0;  // Pa
     double T = 0.0;  // K
+    bool not_unique = false;
 };
 
 // The sixteen properties of one state, SI units, in the order of Property.
@@ -136,8 +141,13 @@ struct AllProperties {
 };
 
 // The state given by an input pair (values in SI units, in the pair's letter
-// order). The state is checked: it reproduces both inputs within a relative
-// 1e-9 of a scale of the input's kind, or the answer is no_solution.
+// order), searched inside the mixture's data range [t_min, t_max] (pressures
+// from 1 Pa to 1e8 Pa): a temperature alone with Newton's method (without
+// condensing water) or by sampling the range and closing each bracket; the
+// pairs that give neither pressure nor temperature as one problem, both
+// inputs at once. The state is checked: it reproduces both inputs within a
+// relative 1e-9 of a scale of the input's kind, or the answer is
+// no_solution (no state in the data range reproduces them).
 // Faults: invalid_argument (empty mixture), unknown_pair, invalid_input (NaN
 // or infinite), non_positive_input (pressure, volume or density at or below
 // zero), pressure_undetermined ("Th", "Tu" without "H2O(IF)"), no_solution,
@@ -145,6 +155,8 @@ struct AllProperties {
 ONDREL_API Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2);
 
 // One property at a state; all sixteen at once (one pass where they share work).
+// A temperature outside the mixture's data range [t_min, t_max] is refused
+// (outside_data_range): the gas data are not extrapolated.
 // Without condensing water, v, d, s and u come from one pass over the
 // components and may differ from the exported routines' sums in the last bits.
 ONDREL_API Result<double> property(Context& ctx, const Mixture& mix, const State& state, Property prop);
