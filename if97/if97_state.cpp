@@ -210,6 +210,20 @@ StateResult state_pt(double p, double t) {
     return r;
 }
 
+ValueResult property_pt(GibbsProperty q, double p, double t) {
+    Error e;
+    switch (region_pt(p, t, e)) {
+        case 1: return {region1_single(q, p, t), e};
+        case 2: return {region2_single(q, p, t), e};
+        case 5: return {region5_single(q, p, t), e};
+        case 3: {
+            const StateResult r = state_pt(p, t);
+            return {r.error == Error::none ? gibbs_property(q, r.state.props) : 0.0, r.error};
+        }
+        default: return {0.0, e};
+    }
+}
+
 Saturation saturation(double p, double t) {
     Saturation sat;
     if (t <= t_region13) {
