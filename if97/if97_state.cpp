@@ -12,10 +12,6 @@ namespace if97 {
 namespace {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-// Round-off allowed on the temperature limits, K: host temperatures pass
-// through degrees Celsius and back.
-constexpr double t_slack = 1e-9;
-
 constexpr int newton_max_iter = 30;
 // Newton on the density stops when p3(rho, T) matches p to this relative
 // tolerance.
