@@ -1,5 +1,6 @@
 // Speed of the IF97 library: forward (p, T), the iterated pairs, saturation
-// and transport. The baseline is one region-1 Gibbs evaluation.
+// and transport, through the core and through the typed SI calls. The
+// baseline is one region-1 Gibbs evaluation.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -9,6 +10,8 @@
 #include "if97/if97_forward.hpp"
 #include "if97/if97_solve.hpp"
 #include "if97/if97_transport.hpp"
+#include "ondrel/c/if97.h"
+#include "ondrel/if97.hpp"
 
 namespace {
 
@@ -98,11 +101,83 @@ void PT_dv(benchmark::State& s) {
 }
 BENCHMARK(PT_dv);
 
+// The typed calls in SI units (Pa, K, J/kg), and beside them the core's
+// full state, each with the second input changing between calls: it steps
+// through 16 values 0.01 K (or 10 J/kg, 0.01 J/(kg K)) apart, so that
+// nothing is computed once for the loop, and the region stays the same.
+constexpr int steps = 16;
+
+template <class Fn>
+void Varying(benchmark::State& s, Fn fn, double a, double b0, double db) {
+    double b[steps];
+    for (int k = 0; k < steps; ++k) b[k] = b0 + k * db;
+    int k = 0;
+    for (auto _ : s) {
+        benchmark::DoNotOptimize(a);
+        benchmark::DoNotOptimize(fn(a, b[k]));
+        k = (k + 1) % steps;
+    }
+}
+
+double typed_h_pT(double p, double t) { return ondrel::if97::h_pT(p, t).value; }
+double typed_from_pT_h(double p, double t) { return ondrel::if97::from_pT(p, t).value.h; }
+double typed_from_ph_T(double p, double h) { return ondrel::if97::from_ph(p, h).value.T; }
+double typed_from_ps_T(double p, double s) { return ondrel::if97::from_ps(p, s).value.T; }
+double typed_from_hs_T(double h, double s) { return ondrel::if97::from_hs(h, s).value.T; }
+double c_h_pT(double p, double t) {
+    double h = 0.0;
+    ondrel_if97_h_pT(p, t, &h);
+    return h;
+}
+double core_state_pt_h(double p, double t) { return if97::state_pt(p, t).state.props.h; }
+double core_property_pt_h(double p, double t) { return if97::property_pt(if97::GibbsProperty::h, p, t).value; }
+
+struct VaryingCase {
+    const char* name;
+    double (*fn)(double, double);
+    double a;
+    double b0;
+    double db;
+};
+
+// States of the (p, T) verification tables: region 1 at 3 MPa and 300 K,
+// region 2 at 3.5 kPa and 700 K, region 3 at 25 MPa and 650 K, region 5 at
+// 30 MPa and 1500 K.
+const VaryingCase varying_cases[] = {
+    {"Typed_h_pT/region1", typed_h_pT, 3e6, 300.0, 0.01},
+    {"Typed_h_pT/region2", typed_h_pT, 3.5e3, 700.0, 0.01},
+    {"Typed_h_pT/region3", typed_h_pT, 25e6, 650.0, 0.01},
+    {"Typed_h_pT/region5", typed_h_pT, 30e6, 1500.0, 0.01},
+    {"C_h_pT/region1", c_h_pT, 3e6, 300.0, 0.01},
+    {"Core_h_pt/region1", core_property_pt_h, 3.0, 300.0, 0.01},
+    {"Core_h_pt/region2", core_property_pt_h, 0.0035, 700.0, 0.01},
+    {"Core_h_pt/region5", core_property_pt_h, 30.0, 1500.0, 0.01},
+    {"Core_state_pt_h/region1", core_state_pt_h, 3.0, 300.0, 0.01},
+    {"Core_state_pt_h/region2", core_state_pt_h, 0.0035, 700.0, 0.01},
+    {"Core_state_pt_h/region5", core_state_pt_h, 30.0, 1500.0, 0.01},
+    {"Typed_from_pT/region1", typed_from_pT_h, 3e6, 300.0, 0.01},
+    {"Typed_from_pT/region2", typed_from_pT_h, 3.5e3, 700.0, 0.01},
+    {"Typed_from_pT/region3", typed_from_pT_h, 25e6, 650.0, 0.01},
+    {"Typed_from_pT/region5", typed_from_pT_h, 30e6, 1500.0, 0.01},
+    {"Typed_from_ph/region1", typed_from_ph_T, 3e6, 500e3, 10.0},
+    {"Typed_from_ph/region2", typed_from_ph_T, 5e6, 3500e3, 10.0},
+    {"Typed_from_ph/region3", typed_from_ph_T, 50e6, 2000e3, 10.0},
+    {"Typed_from_ps/region1", typed_from_ps_T, 3e6, 0.5e3, 0.01},
+    {"Typed_from_ps/region2", typed_from_ps_T, 8e6, 6e3, 0.01},
+    {"Typed_from_ps/region3", typed_from_ps_T, 50e6, 3.6e3, 0.01},
+    {"Typed_from_hs/region1", typed_from_hs_T, 1500e3, 3.4e3, 0.01},
+    {"Typed_from_hs/region2", typed_from_hs_T, 2800e3, 6.5e3, 0.01},
+    {"Typed_from_hs/two_phase", typed_from_hs_T, 2400e3, 6.0e3, 0.01},
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
     for (const PairCase& c : pair_cases) {
         benchmark::RegisterBenchmark(c.name, c.run, c.a, c.b);
+    }
+    for (const VaryingCase& c : varying_cases) {
+        benchmark::RegisterBenchmark(c.name, Varying<double (*)(double, double)>, c.fn, c.a, c.b0, c.db);
     }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

@@ -20,6 +20,9 @@ inline constexpr double t_max_region2 = 1073.15;
 inline constexpr double t_max_region5 = 2273.15;
 inline constexpr double p_max = 100.0;
 inline constexpr double p_max_region5 = 50.0;
+// Round-off allowed on the temperature limits, K: host temperatures pass
+// through degrees Celsius and back.
+inline constexpr double t_slack = 1e-9;
 // Temperature separating regions 1 and 3 (and the low end of B23), K.
 inline constexpr double t_region13 = 623.15;
 // Lowest pressure accepted anywhere, MPa; region 2 is valid down to 0.

@@ -30,6 +30,45 @@ struct Properties {
 // b = tau).
 Properties from_gibbs(const Series& gamma, double pi, double tau, double p, double t);
 
+// Single properties of a Gibbs region (1, 2 or 5) at (p, T).
+enum class GibbsProperty { v, h, u, s, cp };
+
+// The sums of gamma that a single property needs.
+constexpr unsigned gibbs_parts(GibbsProperty q) {
+    switch (q) {
+        case GibbsProperty::v: return part_fa;
+        case GibbsProperty::h: return part_fb;
+        case GibbsProperty::u: return part_fa | part_fb;
+        case GibbsProperty::s: return part_f | part_fb;
+        case GibbsProperty::cp: return part_fbb;
+    }
+    return all_parts;
+}
+
+// One property from gamma(pi, tau) by the relation from_gibbs uses, so that
+// it has the same bits as from_gibbs gives: v in m3/kg, h and u in kJ/kg,
+// s and cp in kJ/(kg K).
+double gibbs_property(GibbsProperty q, const Series& gamma, double pi, double tau, double p, double t);
+
+// The same property read from a state's properties.
+double gibbs_property(GibbsProperty q, const Properties& st);
+
+// gibbs_property with gamma = gamma_of.template operator()<Parts>(), Parts
+// being gibbs_parts(q): one instance of the sum per property, each
+// evaluating only the sums its property needs.
+template <class GammaOf>
+double gibbs_single(GibbsProperty q, double pi, double tau, double p, double t, GammaOf gamma_of) {
+    using enum GibbsProperty;
+    switch (q) {
+        case v: return gibbs_property(q, gamma_of.template operator()<gibbs_parts(v)>(), pi, tau, p, t);
+        case h: return gibbs_property(q, gamma_of.template operator()<gibbs_parts(h)>(), pi, tau, p, t);
+        case u: return gibbs_property(q, gamma_of.template operator()<gibbs_parts(u)>(), pi, tau, p, t);
+        case s: return gibbs_property(q, gamma_of.template operator()<gibbs_parts(s)>(), pi, tau, p, t);
+        case cp: return gibbs_property(q, gamma_of.template operator()<gibbs_parts(cp)>(), pi, tau, p, t);
+    }
+    return gibbs_property(q, gamma_of.template operator()<all_parts>(), pi, tau, p, t);
+}
+
 // Region 1 (compressed liquid), from (p, T).
 Properties region1(double p, double t);
 // Region 2 (vapour), from (p, T).
@@ -41,6 +80,12 @@ Properties region2_metastable(double p, double t);
 Properties region3(double rho, double t);
 // Region 5 (high-temperature steam), from (p, T).
 Properties region5(double p, double t);
+
+// One property of region 1, 2 or 5 from (p, T): the value that region1,
+// region2 or region5 gives, bit for bit, at a fraction of the cost.
+double region1_single(GibbsProperty q, double p, double t);
+double region2_single(GibbsProperty q, double p, double t);
+double region5_single(GibbsProperty q, double p, double t);
 
 // Along an isobar, what a Newton or Halley step in T needs: h (kJ/kg), s,
 // cp (kJ/(kg K)) and dcp/dT (kJ/(kg K2)), from a Gibbs energy gamma(tau) at

@@ -23,17 +23,28 @@ constexpr Term region1_terms[] = {
 
 constexpr double region1_p_star = 16.53;   // MPa
 constexpr double region1_t_star = 1386.0;  // K
+
+// IAPWS-IF97, equation 7, in pi = p/16.53 MPa and tau = 1386 K/T: the
+// series runs in (7.1 - pi) and (tau - 1.222).
+template <unsigned Parts>
+Series region1_gamma(double pi, double tau) {
+    Series g = sum_series<0, 32, -41, 17, Parts>(region1_terms, 7.1 - pi, tau - 1.222);
+    g.fa = -g.fa;  // d/dpi = -d/d(7.1 - pi)
+    g.fab = -g.fab;
+    return g;
+}
 }  // namespace
 
-// IAPWS-IF97, equation 7, in pi = p/16.53 MPa and tau = 1386 K/T; the
-// series runs in (7.1 - pi) and (tau - 1.222).
 Properties region1(double p, double t) {
     const double pi = p / region1_p_star;
     const double tau = region1_t_star / t;
-    Series g = sum_series<0, 32, -41, 17>(region1_terms, 7.1 - pi, tau - 1.222);
-    g.fa = -g.fa;  // d/dpi = -d/d(7.1 - pi)
-    g.fab = -g.fab;
-    return from_gibbs(g, pi, tau, p, t);
+    return from_gibbs(region1_gamma<all_parts>(pi, tau), pi, tau, p, t);
+}
+
+double region1_single(GibbsProperty q, double p, double t) {
+    const double pi = p / region1_p_star;
+    const double tau = region1_t_star / t;
+    return gibbs_single(q, pi, tau, p, t, [pi, tau]<unsigned Parts>() { return region1_gamma<Parts>(pi, tau); });
 }
 
 // Equation 7 along an isobar: the pi-dependent parts are not needed.

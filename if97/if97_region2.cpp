@@ -47,21 +47,24 @@ constexpr double metastable_ideal_n2 = 0.10087275970006e2;
 
 constexpr double region2_t_star = 540.0;  // K; p* = 1 MPa
 
-// Ideal-gas part ln(pi) + sum n·tau^J, equation 16; n1 and n2 (the terms
-// with J = 0 and J = 1) may be replaced.
+// Ideal-gas part ln(pi) + sum n·tau^J, equation 16, the sums named by
+// Parts; n1 and n2 (the terms with J = 0 and J = 1) may be replaced.
+template <unsigned Parts>
 Series ideal_part(double pi, double tau, double n1, double n2) {
     Series g;
-    g.f = std::log(pi) + n1 + n2 * tau;
-    g.fa = 1.0 / pi;
-    g.faa = -1.0 / (pi * pi);
-    g.fb = n2;
-    const Powers<-7, 3> tp(tau);
-    for (std::size_t k = 2; k < std::size(region2_ideal_terms); ++k) {
-        const IdealTerm& t = region2_ideal_terms[k];
-        const double j = t.j;
-        g.f += t.n * tp[t.j];
-        g.fb += j * t.n * tp[t.j - 1];
-        g.fbb += j * (j - 1.0) * t.n * tp[t.j - 2];
+    if constexpr ((Parts & part_f) != 0) g.f = std::log(pi) + n1 + n2 * tau;
+    if constexpr ((Parts & part_fa) != 0) g.fa = 1.0 / pi;
+    if constexpr ((Parts & part_faa) != 0) g.faa = -1.0 / (pi * pi);
+    if constexpr ((Parts & part_fb) != 0) g.fb = n2;
+    if constexpr ((Parts & (part_f | part_fb | part_fbb)) != 0) {
+        const Powers<-7, 3> tp(tau);
+        for (std::size_t k = 2; k < std::size(region2_ideal_terms); ++k) {
+            const IdealTerm& t = region2_ideal_terms[k];
+            const double j = t.j;
+            if constexpr ((Parts & part_f) != 0) g.f += t.n * tp[t.j];
+            if constexpr ((Parts & part_fb) != 0) g.fb += j * t.n * tp[t.j - 1];
+            if constexpr ((Parts & part_fbb) != 0) g.fbb += j * (j - 1.0) * t.n * tp[t.j - 2];
+        }
     }
     return g;
 }
@@ -90,23 +93,34 @@ void add(Series& a, const Series& b) {
     a.fbb += b.fbb;
     a.fab += b.fab;
 }
-}  // namespace
 
 // IAPWS-IF97, equation 15: ideal part plus the residual series in pi and
 // (tau - 0.5), pi = p/1 MPa, tau = 540 K/T.
+template <unsigned Parts>
+Series region2_gamma(double pi, double tau) {
+    Series g = ideal_part<Parts>(pi, tau, region2_ideal_terms[0].n, region2_ideal_terms[1].n);
+    add(g, sum_series<0, 24, 0, 58, Parts>(region2_residual_terms, pi, tau - 0.5));
+    return g;
+}
+}  // namespace
+
 Properties region2(double p, double t) {
     const double pi = p;
     const double tau = region2_t_star / t;
-    Series g = ideal_part(pi, tau, region2_ideal_terms[0].n, region2_ideal_terms[1].n);
-    add(g, sum_series<0, 24, 0, 58>(region2_residual_terms, pi, tau - 0.5));
-    return from_gibbs(g, pi, tau, p, t);
+    return from_gibbs(region2_gamma<all_parts>(pi, tau), pi, tau, p, t);
+}
+
+double region2_single(GibbsProperty q, double p, double t) {
+    const double pi = p;
+    const double tau = region2_t_star / t;
+    return gibbs_single(q, pi, tau, p, t, [pi, tau]<unsigned Parts>() { return region2_gamma<Parts>(pi, tau); });
 }
 
 // IAPWS-IF97, equation 18.
 Properties region2_metastable(double p, double t) {
     const double pi = p;
     const double tau = region2_t_star / t;
-    Series g = ideal_part(pi, tau, metastable_ideal_n1, metastable_ideal_n2);
+    Series g = ideal_part<all_parts>(pi, tau, metastable_ideal_n1, metastable_ideal_n2);
     add(g, sum_series<0, 5, 0, 16>(metastable_residual_terms, pi, tau - 0.5));
     return from_gibbs(g, pi, tau, p, t);
 }

@@ -19,25 +19,39 @@ constexpr IdealTerm region5_ideal_terms[] = {
 };
 
 constexpr double region5_t_star = 1000.0;  // K; p* = 1 MPa
-}  // namespace
 
 // IAPWS-IF97 (2007 revision), equation 32: ideal part ln(pi) + sum n·tau^J
-// plus the residual series in pi and tau, pi = p/1 MPa, tau = 1000 K/T.
+// plus the residual series in pi and tau, pi = p/1 MPa, tau = 1000 K/T;
+// the sums named by Parts.
+template <unsigned Parts>
+Series region5_gamma(double pi, double tau) {
+    Series g = sum_series<0, 3, 0, 9, Parts>(region5_residual_terms, pi, tau);
+    if constexpr ((Parts & part_f) != 0) g.f += std::log(pi);
+    if constexpr ((Parts & part_fa) != 0) g.fa += 1.0 / pi;
+    if constexpr ((Parts & part_faa) != 0) g.faa -= 1.0 / (pi * pi);
+    if constexpr ((Parts & (part_f | part_fb | part_fbb)) != 0) {
+        const Powers<-5, 2> tp(tau);
+        for (const IdealTerm& term : region5_ideal_terms) {
+            const double j = term.j;
+            if constexpr ((Parts & part_f) != 0) g.f += term.n * tp[term.j];
+            if constexpr ((Parts & part_fb) != 0) g.fb += j * term.n * tp[term.j - 1];
+            if constexpr ((Parts & part_fbb) != 0) g.fbb += j * (j - 1.0) * term.n * tp[term.j - 2];
+        }
+    }
+    return g;
+}
+}  // namespace
+
 Properties region5(double p, double t) {
     const double pi = p;
     const double tau = region5_t_star / t;
-    Series g = sum_series<0, 3, 0, 9>(region5_residual_terms, pi, tau);
-    const Powers<-5, 2> tp(tau);
-    g.f += std::log(pi);
-    g.fa += 1.0 / pi;
-    g.faa -= 1.0 / (pi * pi);
-    for (const IdealTerm& term : region5_ideal_terms) {
-        const double j = term.j;
-        g.f += term.n * tp[term.j];
-        g.fb += j * term.n * tp[term.j - 1];
-        g.fbb += j * (j - 1.0) * term.n * tp[term.j - 2];
-    }
-    return from_gibbs(g, pi, tau, p, t);
+    return from_gibbs(region5_gamma<all_parts>(pi, tau), pi, tau, p, t);
+}
+
+double region5_single(GibbsProperty q, double p, double t) {
+    const double pi = p;
+    const double tau = region5_t_star / t;
+    return gibbs_single(q, pi, tau, p, t, [pi, tau]<unsigned Parts>() { return region5_gamma<Parts>(pi, tau); });
 }
 
 }  // namespace if97

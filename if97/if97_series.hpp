@@ -53,12 +53,25 @@ struct Series {
     double fab = 0.0;
 };
 
-// Sum of n·a^I·b^J over a table, with derivatives in a and b. ALo..AHi and
-// BLo..BHi must cover the exponents of the table; a and b must not be 0.
-// Each term x = n·a^I·b^J is formed once: its derivatives are I·x/a,
-// I(I-1)·x/a², J·x/b, J(J-1)·x/b² and I·J·x/(a·b), so the divisions are
-// done once on the sums.
-template <int ALo, int AHi, int BLo, int BHi>
+// The sums of a Series, as bits: a caller that needs one property asks for
+// the sums of that property alone (h needs f_b only); the others stay 0.
+enum SeriesPart : unsigned {
+    part_f = 1u << 0,
+    part_fa = 1u << 1,
+    part_faa = 1u << 2,
+    part_fb = 1u << 3,
+    part_fbb = 1u << 4,
+    part_fab = 1u << 5,
+};
+inline constexpr unsigned all_parts = part_f | part_fa | part_faa | part_fb | part_fbb | part_fab;
+
+// Sum of n·a^I·b^J over a table, with derivatives in a and b (those named
+// by Parts). ALo..AHi and BLo..BHi must cover the exponents of the table; a
+// and b must not be 0. Each term x = n·a^I·b^J is formed once: its
+// derivatives are I·x/a, I(I-1)·x/a², J·x/b, J(J-1)·x/b² and I·J·x/(a·b),
+// so the divisions are done once on the sums. A sum comes out the same,
+// bit for bit, whichever other sums are asked for with it.
+template <int ALo, int AHi, int BLo, int BHi, unsigned Parts = all_parts>
 Series sum_series(std::span<const Term> terms, double a, double b) {
     const Powers<ALo, AHi> pa(a);
     const Powers<BLo, BHi> pb(b);
@@ -67,20 +80,21 @@ Series sum_series(std::span<const Term> terms, double a, double b) {
         const double i = t.i;
         const double j = t.j;
         const double x = t.n * pa[t.i] * pb[t.j];
-        s.f += x;
-        s.fa += i * x;
-        s.faa += i * (i - 1.0) * x;
-        s.fb += j * x;
-        s.fbb += j * (j - 1.0) * x;
-        s.fab += i * j * x;
+        if constexpr ((Parts & part_f) != 0) s.f += x;
+        if constexpr ((Parts & part_fa) != 0) s.fa += i * x;
+        if constexpr ((Parts & part_faa) != 0) s.faa += i * (i - 1.0) * x;
+        if constexpr ((Parts & part_fb) != 0) s.fb += j * x;
+        if constexpr ((Parts & part_fbb) != 0) s.fbb += j * (j - 1.0) * x;
+        if constexpr ((Parts & part_fab) != 0) s.fab += i * j * x;
     }
-    const double inv_a = 1.0 / a;
-    const double inv_b = 1.0 / b;
-    s.fa *= inv_a;
-    s.faa *= inv_a * inv_a;
-    s.fb *= inv_b;
-    s.fbb *= inv_b * inv_b;
-    s.fab *= inv_a * inv_b;
+    // Guarded too: the compiler may not drop 0·(1/a) on its own.
+    const double inv_a = (Parts & (part_fa | part_faa | part_fab)) != 0 ? 1.0 / a : 0.0;
+    const double inv_b = (Parts & (part_fb | part_fbb | part_fab)) != 0 ? 1.0 / b : 0.0;
+    if constexpr ((Parts & part_fa) != 0) s.fa *= inv_a;
+    if constexpr ((Parts & part_faa) != 0) s.faa *= inv_a * inv_a;
+    if constexpr ((Parts & part_fb) != 0) s.fb *= inv_b;
+    if constexpr ((Parts & part_fbb) != 0) s.fbb *= inv_b * inv_b;
+    if constexpr ((Parts & part_fab) != 0) s.fab *= inv_a * inv_b;
     return s;
 }
 

@@ -12,10 +12,6 @@ namespace if97 {
 namespace {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-// Round-off allowed on the temperature limits, K: host temperatures pass
-// through degrees Celsius and back.
-constexpr double t_slack = 1e-9;
-
 constexpr int newton_max_iter = 30;
 // Newton on the density stops when p3(rho, T) matches p to this relative
 // tolerance.
@@ -208,6 +204,20 @@ StateResult state_pt(double p, double t) {
     }
     set_quality(r.state);
     return r;
+}
+
+ValueResult property_pt(GibbsProperty q, double p, double t) {
+    Error e;
+    switch (region_pt(p, t, e)) {
+        case 1: return {region1_single(q, p, t), e};
+        case 2: return {region2_single(q, p, t), e};
+        case 5: return {region5_single(q, p, t), e};
+        case 3: {
+            const StateResult r = state_pt(p, t);
+            return {r.error == Error::none ? gibbs_property(q, r.state.props) : 0.0, r.error};
+        }
+        default: return {0.0, e};
+    }
 }
 
 Saturation saturation(double p, double t) {

@@ -49,6 +49,16 @@ int region_pt(double p, double t, Error& error);
 // State from (p, T), MPa and K.
 StateResult state_pt(double p, double t);
 
+// One property at (p, T), MPa and K: the value state_pt gives, bit for bit.
+// In regions 1, 2 and 5 only the sums of gamma the property needs are
+// evaluated; region 3 takes the full state (its density iteration
+// dominates).
+struct ValueResult {
+    double value = 0.0;
+    Error error = Error::none;
+};
+ValueResult property_pt(GibbsProperty q, double p, double t);
+
 // Density of region 3 at (p, T), kg/m3: liquid-side root when p >= psat(T)
 // below the critical temperature, vapour-side root otherwise; NaN if the
 // iteration fails.
