@@ -197,12 +197,16 @@ double pws_cl_slope(double t) {
     return l.l1 + l.dl2 * theta;
 }
 
-void reset_terms_for_tests() {
-    Context& ctx = default_context();
-    ctx.saturation = SaturationState{};
+void forget_terms(Context& ctx) {
     ctx.region1 = {};
     ctx.region2 = {};
     ctx.region3 = {};
+}
+
+void reset_terms_for_tests() {
+    Context& ctx = default_context();
+    ctx.saturation = SaturationState{};
+    forget_terms(ctx);
 }
 
 }  // namespace pws

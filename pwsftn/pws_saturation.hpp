@@ -107,6 +107,10 @@ struct CurrentState {
 };
 CurrentState pws_cu(const Context& ctx);
 
+// Forgets the kept states of comt1, comt2 and comt3: the next call of each
+// evaluates and checks its state afresh.
+void forget_terms(Context& ctx);
+
 // ---------------------------------------------------------------------------
 // The legacy routines: the same over the default context.
 

@@ -148,6 +148,11 @@ double evaluate(Context& ctx, Key key, PlacedState& st) {
     return 0.0;
 }
 
+void report_illegal_region(Context& ctx, std::int32_t ireg) {
+    write_record(ctx, host_channel, list_directed({illegal_region_head, illegal_region_label,
+                                                   list_integer(ireg), item_separator, message_tail}));
+}
+
 bool place(Context& ctx, Inverse xysub, double x, double y, PlacedState& st) {
     st = PlacedState{};
     st.f = x;
@@ -174,8 +179,7 @@ void pwsftn(Context& ctx, Inverse xysub, double x, double y, std::string_view de
             std::span<double> result) {
     PlacedState st;
     if (!place(ctx, xysub, x, y, st)) {
-        write_record(ctx, host_channel, list_directed({illegal_region_head, illegal_region_label,
-                                                       list_integer(st.ireg), item_separator, message_tail}));
+        report_illegal_region(ctx, st.ireg);
         return;
     }
 

@@ -66,6 +66,9 @@ struct PlacedState {
 // other region number is left in st.ireg, nothing reported, and the result is
 // false.
 bool place(Context& ctx, Inverse xysub, double x, double y, PlacedState& st);
+// The line of the entry routine for an inverse routine's region number
+// outside 1 to 6, on channel 13.
+void report_illegal_region(Context& ctx, std::int32_t ireg);
 // The value of a legal key for a placed state, in the units of the package
 // (TC in kW/(m K)). CP, DV and TC of a wet state are 0 and set st.wet_asked.
 double evaluate(Context& ctx, Key key, PlacedState& st);
