@@ -24,6 +24,7 @@ public:
     constexpr InverseRoutine(InverseFn fn) : fn_(fn) {}  // NOLINT: implicit by design
     template <class F>
         requires(!std::is_convertible_v<F&, InverseFn> &&
+                 !std::is_same_v<std::remove_cv_t<F>, InverseRoutine> &&
                  std::is_invocable_r_v<std::int32_t, F&, double&, double&, double>)
     constexpr InverseRoutine(F& callable)  // NOLINT: implicit by design
         : object_(&callable), thunk_([](void* o, double& a, double& b, double eps) -> std::int32_t {
@@ -97,11 +98,7 @@ std::string_view last_key(const Context& ctx);
 // ---------------------------------------------------------------------------
 // The legacy routines: the same over the default context.
 
-inline void pwsftn(InverseRoutine xysub, double x, double y, std::string_view depend,
-                   std::span<double> result) {
-    const auto routine = [xysub](Context&, double& a, double& b, double eps) { return xysub(a, b, eps); };
-    pwsftn(default_context(), routine, x, y, depend, result);
-}
+void pwsftn(InverseRoutine xysub, double x, double y, std::string_view depend, std::span<double> result);
 inline std::string_view last_key() { return last_key(default_context()); }
 
 // Test hook: blanks the default context's key buffer.

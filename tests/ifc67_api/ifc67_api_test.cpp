@@ -38,10 +38,11 @@ double to_legacy(char letter, double value) {
 
 pws::InverseFn legacy_routine(const std::string& pair) {
     static const std::map<std::string, pws::InverseFn> by_pair{
-        {"pT", pws::pwsrpt}, {"ph", pws::pwsrph}, {"ps", pws::pwsrps}, {"pu", pws::pwsrpu}, {"pv", pws::pwsrpv},
-        {"px", pws::pwsrpx}, {"Tv", pws::pwsrtv}, {"Th", pws::pwsrth}, {"Tx", pws::pwsrtx}, {"Tu", pws::pwsrtu},
-        {"Ts", pws::pwsrts}, {"sx", pws::pwsrsx}, {"hs", pws::pwsrhs}, {"us", pws::pwsrus}, {"vh", pws::pwsrvh},
-        {"vs", pws::pwsrvs}, {"vu", pws::pwsrvu}};
+        {"pT", pws::pwsrpt}, {"ph", pws::pwsrph}, {"ps", pws::pwsrps}, {"pu", pws::pwsrpu},
+        {"pv", pws::pwsrpv}, {"px", pws::pwsrpx}, {"Tv", pws::pwsrtv}, {"Th", pws::pwsrth},
+        {"Tx", pws::pwsrtx}, {"Tu", pws::pwsrtu}, {"Ts", pws::pwsrts}, {"sx", pws::pwsrsx},
+        {"hs", pws::pwsrhs}, {"us", pws::pwsrus}, {"vh", pws::pwsrvh}, {"vs", pws::pwsrvs},
+        {"vu", pws::pwsrvu}};
     return by_pair.at(pair);
 }
 
@@ -106,7 +107,8 @@ std::vector<std::pair<double, double>> inputs_of(const Pair& pair, const std::ve
 TEST_F(Ifc67Legacy, TypedCallsEqualTheEntryRoutineBitForBitWithItsMessages) {
     std::vector<State> all = states();
     Context ctx;
-    for (const State& outside : {api::from_pT(ctx, 1.0e8, 1100.0).value, api::from_pT(ctx, 300.0, 500.0).value})
+    for (const State& outside :
+         {api::from_pT(ctx, 1.0e8, 1100.0).value, api::from_pT(ctx, 300.0, 500.0).value})
         all.push_back(outside);
     int placed = 0, reported = 0;
     for (const Pair& pair : pairs()) {
@@ -155,7 +157,9 @@ TEST_F(Ifc67Legacy, PropertiesEqualTheRegionEquationsAtTheConvertedState) {
         }
         ++compared;
         const double p = s.p / pa_per_bar, t = s.T - kelvin_at_0c;
-        const double cp = s.region == 1 ? pws::pws_h1(p, t) : s.region == 2 ? pws::pws_h2(p, t) : pws::pws_h3(s.v, t);
+        const double cp = s.region == 1   ? pws::pws_h1(p, t)
+                          : s.region == 2 ? pws::pws_h2(p, t)
+                                          : pws::pws_h3(s.v, t);
         EXPECT_TRUE(same_bits(r.value.cp, cp * j_per_kj)) << r.value.cp;
         EXPECT_TRUE(same_bits(r.value.viscosity, pws::pws_ci(s.v, t)));
         EXPECT_TRUE(same_bits(r.value.conductivity, pws::pws_cj(s.v, t)));
@@ -192,11 +196,16 @@ TEST(Ifc67Inputs, AreCheckedBeforeThePackageIsCalled) {
         Status status;
     };
     const Case cases[] = {
-        {api::from_pT, nan, 300.0, Status::invalid_input},     {api::from_ph, 1.0e5, inf, Status::invalid_input},
-        {api::from_vh, -inf, 1.0e6, Status::invalid_input},    {api::from_pT, 0.0, 300.0, Status::non_positive_input},
-        {api::from_ps, -1.0e5, 1.0e3, Status::non_positive_input}, {api::from_Tv, 500.0, 0.0, Status::non_positive_input},
-        {api::from_vs, -1.0e-3, 7.0e3, Status::non_positive_input}, {api::from_px, 1.0e5, -0.01, Status::outside_data_range},
-        {api::from_Tx, 400.0, 1.01, Status::outside_data_range},   {api::from_sx, 5.0e3, 2.0, Status::outside_data_range},
+        {api::from_pT, nan, 300.0, Status::invalid_input},
+        {api::from_ph, 1.0e5, inf, Status::invalid_input},
+        {api::from_vh, -inf, 1.0e6, Status::invalid_input},
+        {api::from_pT, 0.0, 300.0, Status::non_positive_input},
+        {api::from_ps, -1.0e5, 1.0e3, Status::non_positive_input},
+        {api::from_Tv, 500.0, 0.0, Status::non_positive_input},
+        {api::from_vs, -1.0e-3, 7.0e3, Status::non_positive_input},
+        {api::from_px, 1.0e5, -0.01, Status::outside_data_range},
+        {api::from_Tx, 400.0, 1.01, Status::outside_data_range},
+        {api::from_sx, 5.0e3, 2.0, Status::outside_data_range},
     };
     for (const Case& c : cases) {
         const Result<State> r = c.call(ctx, c.a, c.b);
@@ -247,7 +256,8 @@ TEST(Ifc67Messages, AreCollectedInOrderCountedAndNeverWritten) {
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 
-    const std::string hot_line = " *** PWSFTN-ERROR: Out of range, P=  1.00000000E+03, T=  8.26850000E+02 ***";
+    const std::string hot_line =
+        " *** PWSFTN-ERROR: Out of range, P=  1.00000000E+03, T=  8.26850000E+02 ***";
     ASSERT_EQ(ctx.messages().size(), 4u);
     EXPECT_EQ(ctx.messages()[0].code, 12);
     EXPECT_EQ(ctx.messages()[0].text, hot_line);
@@ -255,7 +265,8 @@ TEST(Ifc67Messages, AreCollectedInOrderCountedAndNeverWritten) {
     EXPECT_EQ(ctx.messages()[1].text,
               " SUB-REGION CAN NOT BE CALCULATED IN THIS STATE T= 3.000000000E+02 H= 1.000000000E+02");
     EXPECT_EQ(ctx.messages()[2].code, 0);
-    EXPECT_EQ(ctx.messages()[2].text, " *** PWSFTN-ERROR: illegal region calculated: IREG =            0  ***");
+    EXPECT_EQ(ctx.messages()[2].text,
+              " *** PWSFTN-ERROR: illegal region calculated: IREG =            0  ***");
     // A call repeated reports again: its status does not depend on the call before.
     EXPECT_EQ(ctx.messages()[3].text, hot_line);
     EXPECT_EQ(hot.status, Status::outside_data_range);
@@ -292,7 +303,8 @@ TEST(Ifc67Messages, ErrorLimitNeverStopsTheProcess) {
             int outside = 0;
             const int calls = 1000001;
             for (int i = 0; i < calls; ++i) {
-                outside += api::from_pT(ctx, 1.0e8, i % 2 == 0 ? 1100.0 : 1200.0).status == Status::outside_data_range;
+                outside += api::from_pT(ctx, 1.0e8, i % 2 == 0 ? 1100.0 : 1200.0).status ==
+                           Status::outside_data_range;
                 if (ctx.messages().size() >= 1000) ctx.clear_messages();
             }
             const bool counted = outside == calls && ctx.error_count() == calls % 1000;

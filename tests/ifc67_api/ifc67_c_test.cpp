@@ -44,7 +44,8 @@ TEST(Ifc67C, MessagesAreReadAndClearedThroughTheContext) {
     char text[128];
     int code = -1, errors = -1;
     EXPECT_EQ(c_messages_out_of_range(text, sizeof text, &code, &errors), ONDREL_OUTSIDE_DATA_RANGE);
-    EXPECT_EQ(std::string(text), " *** PWSFTN-ERROR: Out of range, P=  1.00000000E+03, T=  8.26850000E+02 ***");
+    EXPECT_EQ(std::string(text),
+              " *** PWSFTN-ERROR: Out of range, P=  1.00000000E+03, T=  8.26850000E+02 ***");
     EXPECT_EQ(code, 12);
     EXPECT_EQ(errors, 1);
     EXPECT_EQ(std::string(ondrel_message(ONDREL_NOT_UNIQUE)), ondrel::message(Status::not_unique));

@@ -25,12 +25,12 @@ struct Pair {
 
 inline const std::vector<Pair>& pairs() {
     namespace api = ondrel::ifc67;
-    static const std::vector<Pair> all{
-        {"pT", api::from_pT}, {"ph", api::from_ph}, {"ps", api::from_ps}, {"pu", api::from_pu},
-        {"pv", api::from_pv}, {"px", api::from_px}, {"Tv", api::from_Tv}, {"Th", api::from_Th},
-        {"Tx", api::from_Tx}, {"Tu", api::from_Tu}, {"Ts", api::from_Ts}, {"sx", api::from_sx},
-        {"hs", api::from_hs}, {"us", api::from_us}, {"vh", api::from_vh}, {"vs", api::from_vs},
-        {"vu", api::from_vu}};
+    static const std::vector<Pair> all{{"pT", api::from_pT}, {"ph", api::from_ph}, {"ps", api::from_ps},
+                                       {"pu", api::from_pu}, {"pv", api::from_pv}, {"px", api::from_px},
+                                       {"Tv", api::from_Tv}, {"Th", api::from_Th}, {"Tx", api::from_Tx},
+                                       {"Tu", api::from_Tu}, {"Ts", api::from_Ts}, {"sx", api::from_sx},
+                                       {"hs", api::from_hs}, {"us", api::from_us}, {"vh", api::from_vh},
+                                       {"vs", api::from_vs}, {"vu", api::from_vu}};
     return all;
 }
 
@@ -59,15 +59,18 @@ inline std::vector<State> states() {
     Context ctx;
     std::vector<State> out;
     for (double p : {1.0e3, 1.0e5, 1.0e6, 5.0e6, 1.0e7, 1.6535e7, 2.0e7, 2.5e7, 3.0e7, 5.0e7, 1.0e8})
-        for (double T : {278.15, 323.15, 373.15, 473.15, 573.15, 613.15, 625.15, 633.15, 641.15, 646.15, 653.15,
-                         673.15, 723.15, 773.15, 873.15, 1063.15})
+        for (double T : {278.15, 323.15, 373.15, 473.15, 573.15, 613.15, 625.15, 633.15, 641.15, 646.15,
+                         653.15, 673.15, 723.15, 773.15, 873.15, 1063.15})
             out.push_back(ondrel::ifc67::from_pT(ctx, p, T).value);
     for (double T : {273.16, 373.15, 573.15, 623.15, 628.15, 645.15, 647.3})
-        for (double x : {0.0, 1.0e-6, 0.4, 0.999999, 1.0}) out.push_back(ondrel::ifc67::from_Tx(ctx, T, x).value);
+        for (double x : {0.0, 1.0e-6, 0.4, 0.999999, 1.0})
+            out.push_back(ondrel::ifc67::from_Tx(ctx, T, x).value);
     return out;
 }
 
-inline bool same_bits(double a, double b) { return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b); }
+inline bool same_bits(double a, double b) {
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
 
 // Two results equal bit for bit: status, region and every value.
 inline bool same(const Result<State>& a, const Result<State>& b) {

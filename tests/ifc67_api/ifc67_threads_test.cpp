@@ -31,7 +31,8 @@ Outcome run(Context& ctx, const Request& q) {
 bool same(const Outcome& x, const Outcome& y) {
     if (!ifc67_test::same(x.result, y.result) || x.messages.size() != y.messages.size()) return false;
     for (std::size_t k = 0; k < x.messages.size(); ++k)
-        if (x.messages[k].code != y.messages[k].code || x.messages[k].text != y.messages[k].text) return false;
+        if (x.messages[k].code != y.messages[k].code || x.messages[k].text != y.messages[k].text)
+            return false;
     return true;
 }
 

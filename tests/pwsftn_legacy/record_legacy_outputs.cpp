@@ -30,10 +30,22 @@ struct Routine {
 };
 
 constexpr std::array<Routine, 17> routines{{
-    {"pwsrpt", pwsrpt_}, {"pwsrph", pwsrph_}, {"pwsrps", pwsrps_}, {"pwsrpu", pwsrpu_},
-    {"pwsrpv", pwsrpv_}, {"pwsrpx", pwsrpx_}, {"pwsrtv", pwsrtv_}, {"pwsrth", pwsrth_},
-    {"pwsrtx", pwsrtx_}, {"pwsrtu", pwsrtu_}, {"pwsrts", pwsrts_}, {"pwsrsx", pwsrsx_},
-    {"pwsrhs", pwsrhs_}, {"pwsrus", pwsrus_}, {"pwsrvh", pwsrvh_}, {"pwsrvs", pwsrvs_},
+    {"pwsrpt", pwsrpt_},
+    {"pwsrph", pwsrph_},
+    {"pwsrps", pwsrps_},
+    {"pwsrpu", pwsrpu_},
+    {"pwsrpv", pwsrpv_},
+    {"pwsrpx", pwsrpx_},
+    {"pwsrtv", pwsrtv_},
+    {"pwsrth", pwsrth_},
+    {"pwsrtx", pwsrtx_},
+    {"pwsrtu", pwsrtu_},
+    {"pwsrts", pwsrts_},
+    {"pwsrsx", pwsrsx_},
+    {"pwsrhs", pwsrhs_},
+    {"pwsrus", pwsrus_},
+    {"pwsrvh", pwsrvh_},
+    {"pwsrvs", pwsrvs_},
     {"pwsrvu", pwsrvu_},
 }};
 
@@ -99,9 +111,9 @@ int main() {
         double t = 350.0;
         return pws_pt_(&t);
     }();
-    const double pressures[] = {0.006112444, 0.01, 0.1, 1.0, 10.0, 50.0, 100.0, ps, 200.0,
-                                221.2,       250.0, 300.0, 500.0, 1000.0};
-    const double temperatures[] = {0.01, 5.0,   20.0,  50.0,  100.0, 150.0, 200.0, 250.0, 300.0,
+    const double pressures[] = {0.006112444, 0.01,  0.1,   1.0,   10.0,  50.0,  100.0,
+                                ps,          200.0, 221.2, 250.0, 300.0, 500.0, 1000.0};
+    const double temperatures[] = {0.01,  5.0,   20.0,  50.0,  100.0, 150.0, 200.0, 250.0, 300.0,
                                    340.0, 350.0, 352.0, 356.0, 362.0, 368.0, 372.0, 374.0, 374.15,
                                    380.0, 400.0, 450.0, 500.0, 590.0, 600.0, 700.0, 800.0};
     std::vector<State> single;
@@ -111,10 +123,12 @@ int main() {
     for (double t : {0.01, 100.0, 300.0, 350.0, 355.0, 372.0, 374.15})
         for (double x : {0.0, 1.0E-6, 0.4, 0.999999, 1.0}) wet.push_back(state_of(pwsrtx_, t, x));
 
-    std::printf("# Source: the exported inverse routines and pwsftn_ of this library before the reentrant "
-                "core (record_legacy_outputs.cpp), calls in table order in one process\n");
-    std::printf("# Units: bar, C, m3/kg, kJ/kg, kJ/(kg K); doubles as hex floats; results '-' = entry "
-                "untouched; nerr = pwserr_.nerr after the row; lines = channel|text, ';' between\n");
+    std::printf(
+        "# Source: the exported inverse routines and pwsftn_ of this library before the reentrant "
+        "core (record_legacy_outputs.cpp), calls in table order in one process\n");
+    std::printf(
+        "# Units: bar, C, m3/kg, kJ/kg, kJ/(kg K); doubles as hex floats; results '-' = entry "
+        "untouched; nerr = pwserr_.nerr after the row; lines = channel|text, ';' between\n");
     std::printf("row,routine,x,y,depend,ireg,a,b,results,nerr,lines\n");
 
     // The inputs of a routine from a state, by the letters of its name.
@@ -138,9 +152,9 @@ int main() {
             if (k == 0 || i % 6 == k % 6) row(r, value(c1, single[i]), value(c2, single[i]));
         for (const State& st : wet) row(r, value(c1, st), value(c2, st));
         // Absurd and out-of-range inputs.
-        const double edge[][2] = {{not_a_number, 1.0}, {1.0, not_a_number},  {inf, 1.0},   {-inf, 1.0},  {0.0, 0.0},
-                                  {-5.0, 100.0}, {1e300, 1e300}, {2000.0, 3000.0}, {0.001, 900.0},
-                                  {500.0, -100.0}, {3000.0, 20.0}, {1e-300, 5.0}};
+        const double edge[][2] = {{not_a_number, 1.0}, {1.0, not_a_number}, {inf, 1.0},     {-inf, 1.0},
+                                  {0.0, 0.0},          {-5.0, 100.0},       {1e300, 1e300}, {2000.0, 3000.0},
+                                  {0.001, 900.0},      {500.0, -100.0},     {3000.0, 20.0}, {1e-300, 5.0}};
         for (const auto& e : edge) row(r, e[0], e[1]);
         // The same out-of-range call twice in a row: the second finds the kept terms.
         const State& hot = single[single.size() - 1];
@@ -153,9 +167,13 @@ int main() {
         for (double f : {1.0, 1.0 + 5e-9, 1.0 - 5e-9, 1.0 + 2e-8, 1.0 - 2e-8}) row(routines[0], p * f, t);
     }
     // Key lists.
-    const std::string_view lists[] = {"H,S,V",  "T",     "CP,H",    "ABCDE,H", "h",      "H.S",
-                                      "H S",    ".",     "H,,S",    "",        "DV,TC,DV",
-                                      "TC,CP,DV,X,P", "X", "P,T,V,H,S,X,CP,DV,TC,"};
+    const std::string_view lists[] = {"H,S,V",    "T",
+                                      "CP,H",     "ABCDE,H",
+                                      "h",        "H.S",
+                                      "H S",      ".",
+                                      "H,,S",     "",
+                                      "DV,TC,DV", "TC,CP,DV,X,P",
+                                      "X",        "P,T,V,H,S,X,CP,DV,TC,"};
     for (std::string_view list : lists) {
         row(routines[1], 10.0, 3000.0, list);  // vapour
         row(routines[1], 1.0, 1500.0, list);   // wet
