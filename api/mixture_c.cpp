@@ -52,7 +52,7 @@ int ondrel_mixture_create(int n, const char* const* names, const double* x, ondr
         return ONDREL_OK;
     } catch (const std::bad_alloc&) {
         copy_detail("out of memory", detail, detail_len);
-        return ONDREL_INVALID_ARGUMENT;
+        return ONDREL_OUT_OF_MEMORY;
     }
 }
 
@@ -110,7 +110,7 @@ int ondrel_evaluate(const ondrel_mixture* mix, const char* pair, size_t n, const
         for (size_t i = 0; i < n; ++i) status[i] = code(st[i]);
         return ONDREL_OK;
     } catch (const std::exception&) {
-        return ONDREL_INVALID_ARGUMENT;
+        return ONDREL_OUT_OF_MEMORY;  // the lists of properties and statuses could not be had
     }
 }
 

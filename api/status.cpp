@@ -8,7 +8,7 @@
 namespace ondrel {
 namespace {
 
-constexpr std::array<std::string_view, 15> messages = {
+constexpr std::array<std::string_view, 17> messages = {
     "no error",
     "gas data not found",
     "unknown component",
@@ -24,6 +24,8 @@ constexpr std::array<std::string_view, 15> messages = {
     "pressure undetermined: enthalpy and internal energy of an ideal gas do not depend on it",
     "property not available at this state",
     "invalid argument",
+    "the inputs do not fix one state",
+    "out of memory",
 };
 
 }  // namespace
@@ -40,7 +42,3 @@ extern "C" const char* ondrel_message(int status) {
     if (status < 0) return "unknown status";
     return ondrel::message(static_cast<ondrel::Status>(status)).data();
 }
-
-namespace ondrel {
-
-}  // namespace ondrel

@@ -1,5 +1,7 @@
 // Speed of the water-and-steam entry routine with its inverse routines, each
-// beside the IF97 library asked for the same properties of the same states.
+// beside the IF97 library asked for the same properties of the same states,
+// and of the typed calls of the modern API (their context's cost shows beside
+// the legacy rows).
 // States rotate through a fixed set, so that no call finds the common terms
 // of the previous one.
 #include <benchmark/benchmark.h>
@@ -9,6 +11,7 @@
 #include <vector>
 
 #include "if97/if97.hpp"
+#include "ondrel/ifc67.hpp"
 #include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_inverse.hpp"
 #include "pwsftn/pwsftn.hpp"
@@ -78,11 +81,37 @@ void run_if97(benchmark::State& s, char c1, char c2, const std::vector<std::arra
     }
 }
 
+// The typed call of a pair on the same states, in SI units (Pa, K, J/kg).
+constexpr double pa_per_bar = 1.0e5;
+constexpr double kelvin_at_0c = 273.15;
+constexpr double j_per_kj = 1.0e3;
+using Ifc67Call = ondrel::Result<ondrel::ifc67::State> (*)(ondrel::ifc67::Context&, double, double);
+
+void run_ifc67(benchmark::State& s, Ifc67Call call, const std::vector<std::array<double, 2>>& in,
+               double scale1, double offset1, double scale2, double offset2) {
+    std::vector<std::array<double, 2>> si;
+    for (const auto& xy : in) si.push_back({xy[0] * scale1 + offset1, xy[1] * scale2 + offset2});
+    ondrel::ifc67::Context ctx;
+    std::size_t k = 0;
+    for (auto _ : s) {
+        const auto& xy = si[k];
+        k = k + 1 == si.size() ? 0 : k + 1;
+        const auto r = call(ctx, xy[0], xy[1]);
+        benchmark::DoNotOptimize(r.value.h);
+    }
+}
+
 void Pwsftn_PT_HSV_Regions12(benchmark::State& s) { run_pwsftn(s, pws::pwsrpt, pairs_12().pt, "H,S,V"); }
+void Ifc67_from_pT_Regions12(benchmark::State& s) {
+    run_ifc67(s, ondrel::ifc67::from_pT, pairs_12().pt, pa_per_bar, 0.0, 1.0, kelvin_at_0c);
+}
 void If97_PT_hsv_Regions12(benchmark::State& s) { run_if97(s, 'P', 'T', pairs_12().pt, "h,s,v"); }
 void Pwsftn_PT_HSV_Region3(benchmark::State& s) { run_pwsftn(s, pws::pwsrpt, pairs_3().pt, "H,S,V"); }
 void If97_PT_hsv_Region3(benchmark::State& s) { run_if97(s, 'P', 'T', pairs_3().pt, "h,s,v"); }
 void Pwsftn_PH_T(benchmark::State& s) { run_pwsftn(s, pws::pwsrph, pairs_12().ph, "T"); }
+void Ifc67_from_ph(benchmark::State& s) {
+    run_ifc67(s, ondrel::ifc67::from_ph, pairs_12().ph, pa_per_bar, 0.0, j_per_kj, 0.0);
+}
 void If97_Ph_T(benchmark::State& s) { run_if97(s, 'P', 'h', pairs_12().ph, "T"); }
 void Pwsftn_PS_T(benchmark::State& s) { run_pwsftn(s, pws::pwsrps, pairs_12().ps, "T"); }
 void If97_Ps_T(benchmark::State& s) { run_if97(s, 'P', 's', pairs_12().ps, "T"); }
@@ -92,10 +121,12 @@ void Pwsftn_VH_PT(benchmark::State& s) { run_pwsftn(s, pws::pwsrvh, pairs_12().v
 void If97_vh_PT(benchmark::State& s) { run_if97(s, 'v', 'h', pairs_12().vh, "P,T"); }
 
 BENCHMARK(Pwsftn_PT_HSV_Regions12);
+BENCHMARK(Ifc67_from_pT_Regions12);
 BENCHMARK(If97_PT_hsv_Regions12);
 BENCHMARK(Pwsftn_PT_HSV_Region3);
 BENCHMARK(If97_PT_hsv_Region3);
 BENCHMARK(Pwsftn_PH_T);
+BENCHMARK(Ifc67_from_ph);
 BENCHMARK(If97_Ph_T);
 BENCHMARK(Pwsftn_PS_T);
 BENCHMARK(If97_Ps_T);

@@ -7,6 +7,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <utility>
+
+#include "pwsftn/pws_context.hpp"
 
 namespace pws {
 namespace {
@@ -27,21 +30,8 @@ constexpr int value_width = 16;   // field of each printed value
 constexpr int value_digits = 8;   // digits after the point
 constexpr int count_width = 5;    // field of the error count in the stop summary
 
-enum class Channel13 { standard_error, file, callback };
-
-struct ErrorState {
-    ErrorRecord own = initial_error_record;
-    void* record = &own;  // the record's storage, read and written bytewise
-    Channel13 channel13 = Channel13::standard_error;
-    std::FILE* file = nullptr;
-    Channel13Callback callback = nullptr;
-    RecordSink sink;
-};
-
-ErrorState& state() {
-    static ErrorState s;
-    return s;
-}
+void* record(ErrorState& s) { return s.bound != nullptr ? s.bound : &s.own; }
+const void* record(const ErrorState& s) { return s.bound != nullptr ? s.bound : &s.own; }
 
 void close_file(ErrorState& s) {
     if (s.file != nullptr) std::fclose(s.file);
@@ -67,16 +57,16 @@ std::string right_aligned(std::string text, int w) {
 
 }  // namespace
 
-ErrorRecord pwserr() {
+ErrorRecord pwserr(const Context& ctx) {
     ErrorRecord r;
-    std::memcpy(&r, state().record, sizeof r);
+    std::memcpy(&r, record(ctx.error), sizeof r);
     return r;
 }
 
-void set_pwserr(const ErrorRecord& record) { std::memcpy(state().record, &record, sizeof record); }
+void set_pwserr(Context& ctx, const ErrorRecord& r) { std::memcpy(record(ctx.error), &r, sizeof r); }
 
-void bind_error_record(void* storage) {
-    if (storage != nullptr) state().record = storage;
+void bind_error_record(Context& ctx, void* storage) {
+    if (storage != nullptr) ctx.error.bound = storage;
 }
 
 std::string fortran_e(double value, int w, int d, int k) {
@@ -130,8 +120,12 @@ std::string list_directed(std::initializer_list<std::string_view> items) {
     return line;
 }
 
-void write_record(int channel, std::string_view line) {
-    ErrorState& s = state();
+void write_record(Context& ctx, int channel, std::string_view line) {
+    ErrorState& s = ctx.error;
+    if (s.output == Output::collect) {
+        s.messages.push_back({0, std::string(line)});
+        return;
+    }
     if (s.sink) {
         s.sink(channel, line);
         return;
@@ -158,29 +152,31 @@ void write_record(int channel, std::string_view line) {
     }
 }
 
-void set_channel13_stderr() {
-    ErrorState& s = state();
+std::vector<Message> take_messages(Context& ctx) { return std::exchange(ctx.error.messages, {}); }
+
+void set_channel13_stderr(Context& ctx) {
+    ErrorState& s = ctx.error;
     close_file(s);
     s.callback = nullptr;
     s.channel13 = Channel13::standard_error;
 }
 
-bool set_channel13_file(std::string_view path) {
+bool set_channel13_file(Context& ctx, std::string_view path) {
     const std::string name(path);
     if (name.empty()) return false;
     std::FILE* f = std::fopen(name.c_str(), "a");
     if (f == nullptr) return false;
-    set_channel13_stderr();
-    ErrorState& s = state();
+    set_channel13_stderr(ctx);
+    ErrorState& s = ctx.error;
     s.file = f;
     s.channel13 = Channel13::file;
     return true;
 }
 
-void set_channel13_callback(Channel13Callback callback) {
-    set_channel13_stderr();
+void set_channel13_callback(Context& ctx, Channel13Callback callback) {
+    set_channel13_stderr(ctx);
     if (callback == nullptr) return;
-    ErrorState& s = state();
+    ErrorState& s = ctx.error;
     s.callback = callback;
     s.channel13 = Channel13::callback;
 }
@@ -206,18 +202,22 @@ std::string error_line(std::int32_t icode, double x1, double x2) {
     return line;
 }
 
-void pwser(std::string_view /*name*/, std::int32_t icode, double x1, double x2) {
-    ErrorRecord r = pwserr();
+void pwser(Context& ctx, std::string_view /*name*/, std::int32_t icode, double x1, double x2) {
+    ErrorRecord r = pwserr(ctx);
     // Intended: the count is never reset; a host that wants a fresh count writes nerr.
     if (r.nerr < INT32_MAX) r.nerr += 1;
-    set_pwserr(r);
-    if (r.nerr <= r.maxmsg) write_record(r.iunit, error_line(icode, x1, x2));
+    set_pwserr(ctx, r);
+    if (ctx.error.output == Output::collect) {
+        ctx.error.messages.push_back({icode, error_line(icode, x1, x2)});
+        return;
+    }
+    if (r.nerr <= r.maxmsg) write_record(ctx, r.iunit, error_line(icode, x1, x2));
     if (r.nerr > r.maxerr) {
-        write_record(r.iunit, "");
-        write_record(r.iunit, stop_line_1);
+        write_record(ctx, r.iunit, "");
+        write_record(ctx, r.iunit, stop_line_1);
         // Intended: the count is written in 5 columns (asterisks once it has more digits).
-        write_record(r.iunit, std::string(stop_line_2) + fortran_i(r.nerr, count_width));
-        write_record(r.iunit, "");
+        write_record(ctx, r.iunit, std::string(stop_line_2) + fortran_i(r.nerr, count_width));
+        write_record(ctx, r.iunit, "");
         // Intended: past maxerr the package ends the host process, with status 0
         // as an empty stop text gives.
         std::fflush(nullptr);
@@ -225,20 +225,20 @@ void pwser(std::string_view /*name*/, std::int32_t icode, double x1, double x2) 
     }
 }
 
-void warn_iterations(std::string_view code) {
+void warn_iterations(Context& ctx, std::string_view code) {
     std::string tail(warning_tail_open);
     tail += code;
     tail += warning_tail_close;
-    write_record(pwserr().iunit, list_directed({warning_head, tail}));
+    write_record(ctx, pwserr(ctx).iunit, list_directed({warning_head, tail}));
 }
 
-void set_record_sink_for_tests(RecordSink sink) { state().sink = std::move(sink); }
+void set_record_sink_for_tests(RecordSink sink) { default_context().error.sink = std::move(sink); }
 
 void reset_error_for_tests() {
-    ErrorState& s = state();
-    set_pwserr(initial_error_record);
-    set_channel13_stderr();
-    s.sink = nullptr;
+    Context& ctx = default_context();
+    set_pwserr(ctx, initial_error_record);
+    set_channel13_stderr(ctx);
+    ctx.error.sink = nullptr;
 }
 
 }  // namespace pws

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_halving.hpp"
 #include "pwsftn/pws_regions.hpp"
@@ -105,9 +106,9 @@ bool outside(double x, double lo, double hi) { return x < widened_lo(lo) || x > 
 // The input x brought into [lo, hi]: a value outside is reported with the
 // second input z (unless the caller is a quiet probe) and taken at the
 // nearest end of the range.
-double into_range(std::string_view name, std::int32_t code, double x, double z, double lo,
+double into_range(Context& ctx, std::string_view name, std::int32_t code, double x, double z, double lo,
                   double hi, bool report) {
-    if (report && outside(x, lo, hi)) pwser(name, code, x, z);
+    if (report && outside(x, lo, hi)) pwser(ctx, name, code, x, z);
     return std::clamp(x, lo, hi);
 }
 
@@ -115,9 +116,10 @@ std::string report_value(double x, int scale) {
     return fortran_e(x, report_width, report_digits, scale);
 }
 
-void report_subregion(std::string_view text, std::string_view l1, double x1, std::string_view l2,
+void report_subregion(Context& ctx, std::string_view text, std::string_view l1, double x1,
+                      std::string_view l2,
                       double x2) {
-    write_record(pwserr().iunit, std::string(text) + std::string(l1) + report_value(x1, scale_one) +
+    write_record(ctx, pwserr(ctx).iunit, std::string(text) + std::string(l1) + report_value(x1, scale_one) +
                                      std::string(l2) + report_value(x2, scale_one));
 }
 
@@ -126,38 +128,38 @@ void report_subregion(std::string_view text, std::string_view l1, double x1, std
 
 enum class Prop { v, h, s, u };
 
-double volume3(double v, double /*t*/) { return v; }
+double volume3(Context& /*ctx*/, double v, double /*t*/) { return v; }
 
 // Volume, enthalpy, entropy and internal energy of sub-region 1, region 2
 // (at p, t) and region 3 (at v, t).
-constexpr std::array<std::array<Func2, 3>, 4> region_fns{{{pws_c1, pws_c2, volume3},
+constexpr std::array<std::array<RegionFn, 3>, 4> region_fns{{{pws_c1, pws_c2, volume3},
                                                          {pws_d1, pws_d2, pws_d3},
                                                          {pws_e1, pws_e2, pws_e3},
                                                          {pws_f1, pws_f2, pws_f3}}};
 template <Prop Q>
-constexpr Func2 z1 = region_fns[static_cast<std::size_t>(Q)][0];
+constexpr RegionFn z1 = region_fns[static_cast<std::size_t>(Q)][0];
 template <Prop Q>
-constexpr Func2 z2 = region_fns[static_cast<std::size_t>(Q)][1];
+constexpr RegionFn z2 = region_fns[static_cast<std::size_t>(Q)][1];
 template <Prop Q>
-constexpr Func2 z3 = region_fns[static_cast<std::size_t>(Q)][2];
+constexpr RegionFn z3 = region_fns[static_cast<std::size_t>(Q)][2];
 
 // The property of a placed state (IREG, a, b); NaN for a state not placed.
 template <Prop Q>
-double state_value(std::int32_t ireg, double a, double b) {
+double state_value(Context& ctx, std::int32_t ireg, double a, double b) {
     switch (ireg) {
-    case ireg_liquid: return z1<Q>(a, b);
-    case ireg_vapour: return z2<Q>(a, b);
+    case ireg_liquid: return z1<Q>(ctx, a, b);
+    case ireg_vapour: return z2<Q>(ctx, a, b);
     case ireg_r3_vapour:
-    case ireg_r3_liquid: return z3<Q>(a, b);
+    case ireg_r3_liquid: return z3<Q>(ctx, a, b);
     case ireg_wet_r3: {
-        const SaturatedVolumes sv = saturated_volumes3(pws_pt(b), b);
-        const double zl = z3<Q>(sv.liquid, b);
-        return zl + a * (z3<Q>(sv.vapour, b) - zl);
+        const SaturatedVolumes sv = saturated_volumes3(ctx, pws_pt(ctx, b), b);
+        const double zl = z3<Q>(ctx, sv.liquid, b);
+        return zl + a * (z3<Q>(ctx, sv.vapour, b) - zl);
     }
     case ireg_wet: {
-        const double ps = pws_pt(b);
-        const double zl = z1<Q>(ps, b);
-        return zl + a * (z2<Q>(ps, b) - zl);
+        const double ps = pws_pt(ctx, b);
+        const double zl = z1<Q>(ctx, ps, b);
+        return zl + a * (z2<Q>(ctx, ps, b) - zl);
     }
     default: return std::numeric_limits<double>::quiet_NaN();
     }
@@ -168,16 +170,16 @@ double state_value(std::int32_t ireg, double a, double b) {
 // with halving (at most 40; they stop when the pressure matches within eps p
 // or the bracket is narrower than eps times the volume, and after 40 steps
 // keep the last volume).
-double a3_eps(double v, double t, double /*eps*/) { return pws_a3(v, t); }
+double a3_eps(Context& ctx, double v, double t, double /*eps*/) { return pws_a3(ctx, v, t); }
 
-double v3_solve(double p, double t, double a, double b, double eps) {
+double v3_solve(Context& ctx, double p, double t, double a, double b, double eps) {
     // The equation has no value at a volume that is not positive (the vapour
     // pair's upper volume above about 708.7 C): such a start is replaced by
     // the lowest volume of region 3.
     if (!(a > 0.0)) a = v3_min;
     if (!(b > 0.0)) b = v3_min;
-    double fa = pws_a3(a, t) - p;
-    double fb = pws_a3(b, t) - p;
+    double fa = pws_a3(ctx, a, t) - p;
+    double fb = pws_a3(ctx, b, t) - p;
     // Starting volumes that do not enclose the root are widened towards it
     // inside the volumes of region 3 (pressure falls with volume on both
     // branches), at most 40 times.
@@ -188,15 +190,15 @@ double v3_solve(double p, double t, double a, double b, double eps) {
             if (a <= v3_min) break;
             b = a, fb = fa;
             a = std::max(a - width, v3_min);
-            fa = pws_a3(a, t) - p;
+            fa = pws_a3(ctx, a, t) - p;
         } else {  // both too high: at a larger volume
             if (b >= v3_max) break;
             a = b, fa = fb;
             b = std::min(b + width, v3_max);
-            fb = pws_a3(b, t) - p;
+            fb = pws_a3(ctx, b, t) - p;
         }
     }
-    return pws_i3(a3_eps, t, p, a, b, eps);
+    return pws_i3(ctx, a3_eps, t, p, a, b, eps);
 }
 
 // Starting volumes (m3/kg) of the liquid and vapour solves at t (C).
@@ -208,11 +210,11 @@ double vapour_start_hi(double t) { return vapour_start_hi_offset + vapour_start_
 // starting volumes are kept inside region 3, so that the probes of these
 // searches are not reported as states out of range.
 double in_v3(double v) { return std::clamp(v, v3_min, v3_max); }
-double v3_liquid(double p, double t, double eps) {
-    return v3_solve(p, t, in_v3(liquid_start(t)), v3_min, eps);
+double v3_liquid(Context& ctx, double p, double t, double eps) {
+    return v3_solve(ctx, p, t, in_v3(liquid_start(t)), v3_min, eps);
 }
-double v3_vapour(double p, double t, double eps) {
-    return v3_solve(p, t, in_v3(vapour_start_lo(t)), in_v3(vapour_start_hi(t)), eps);
+double v3_vapour(Context& ctx, double p, double t, double eps) {
+    return v3_solve(ctx, p, t, in_v3(vapour_start_lo(t)), in_v3(vapour_start_hi(t)), eps);
 }
 
 // Reduced pressure p / pc of the selection boundary at t (C).
@@ -258,42 +260,42 @@ double dryness(double z, double zl, double zg) { return zg == zl ? 0.0 : (z - zl
 // Isobar at p (bar, inside the range) in increasing temperature, up to the
 // first piece that reaches the value z (the pieces beyond are not needed).
 template <Prop Q>
-Line isobar(double p, double z, double eps) {
+Line isobar(Context& ctx, double p, double z, double eps) {
     Line line;
     const double tol = std::fabs(z * eps);
     const auto reached = [&] { return z <= line.piece[line.n - 1].z_hi + tol; };
     const auto r1 = [&](double t_hi) {
-        line.add({ireg_liquid, t_sub1_min, t_hi, z1<Q>(p, t_sub1_min), z1<Q>(p, t_hi)});
+        line.add({ireg_liquid, t_sub1_min, t_hi, z1<Q>(ctx, p, t_sub1_min), z1<Q>(ctx, p, t_hi)});
         return reached();
     };
     const auto r2 = [&](double t_lo) {
-        line.add({ireg_vapour, t_lo, t2_max, z2<Q>(p, t_lo), z2<Q>(p, t2_max)});
+        line.add({ireg_vapour, t_lo, t2_max, z2<Q>(ctx, p, t_lo), z2<Q>(ctx, p, t2_max)});
         return reached();
     };
     const auto r3 = [&](std::int32_t ireg, double t_lo, double v_lo, double t_hi, double v_hi) {
-        line.add({ireg, t_lo, t_hi, z3<Q>(v_lo, t_lo), z3<Q>(v_hi, t_hi), v_lo, v_hi});
+        line.add({ireg, t_lo, t_hi, z3<Q>(ctx, v_lo, t_lo), z3<Q>(ctx, v_hi, t_hi), v_lo, v_hi});
         return reached();
     };
-    const double ts = p < crit_p ? pws_it(p) : crit_t;
+    const double ts = p < crit_p ? pws_it(ctx, p) : crit_t;
     // A vapour state is found in region 2 without the pieces below it.
     const bool below_boundary = p < crit_p && (ts <= t_sub1_max || p < selection_boundary_pressure(ts));
     const double t2_lo = below_boundary ? ts : selection_boundary_temperature(p);
-    if (z >= z2<Q>(p, t2_lo)) {
+    if (z >= z2<Q>(ctx, p, t2_lo)) {
         r2(t2_lo);
         return line;
     }
     if (p < crit_p) {
         if (ts <= t_sub1_max) {
             if (r1(ts)) return line;
-            line.add({ireg_wet, ts, ts, z1<Q>(p, ts), z2<Q>(p, ts), 0, 0, ts});
+            line.add({ireg_wet, ts, ts, z1<Q>(ctx, p, ts), z2<Q>(ctx, p, ts), 0, 0, ts});
             if (reached()) return line;
             r2(ts);
             return line;
         }
         if (r1(t_sub1_max)) return line;
-        const SaturatedVolumes sv = saturated_volumes3(p, ts);
-        if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), ts, sv.liquid)) return line;
-        line.add({ireg_wet_r3, ts, ts, z3<Q>(sv.liquid, ts), z3<Q>(sv.vapour, ts), sv.liquid,
+        const SaturatedVolumes sv = saturated_volumes3(ctx, p, ts);
+        if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(ctx, p, t_sub1_max, eps), ts, sv.liquid)) return line;
+        line.add({ireg_wet_r3, ts, ts, z3<Q>(ctx, sv.liquid, ts), z3<Q>(ctx, sv.vapour, ts), sv.liquid,
                   sv.vapour, ts});
         if (reached()) return line;
         if (p < selection_boundary_pressure(ts)) {
@@ -301,15 +303,17 @@ Line isobar(double p, double z, double eps) {
             return line;
         }
         const double tb = selection_boundary_temperature(p);
-        if (r3(ireg_r3_vapour, ts, sv.vapour, tb, v3_vapour(p, tb, eps))) return line;
+        if (r3(ireg_r3_vapour, ts, sv.vapour, tb, v3_vapour(ctx, p, tb, eps))) return line;
         r2(tb);
         return line;
     }
     if (r1(t_sub1_max)) return line;
-    if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(p, t_sub1_max, eps), crit_t, v3_liquid(p, crit_t, eps)))
+    if (r3(ireg_r3_liquid, t_sub1_max, v3_liquid(ctx, p, t_sub1_max, eps), crit_t,
+           v3_liquid(ctx, p, crit_t, eps)))
         return line;
     const double tb = selection_boundary_temperature(p);
-    if (r3(ireg_r3_vapour, crit_t, v3_vapour(p, crit_t, eps), tb, v3_vapour(p, tb, eps))) return line;
+    if (r3(ireg_r3_vapour, crit_t, v3_vapour(ctx, p, crit_t, eps), tb, v3_vapour(ctx, p, tb, eps)))
+        return line;
     r2(tb);
     return line;
 }
@@ -319,16 +323,16 @@ Line isobar(double p, double z, double eps) {
 // With `report` false a state outside the range is clamped silently (the
 // probes of an outer iteration).
 template <Prop Q>
-std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, double& b,
+std::int32_t invert_isobar(Context& ctx, std::string_view name, std::int32_t code, double& a, double& b,
                            double eps, bool report = true) {
     if (!finite(a, b)) return ireg_not_placed;
     const double z = b;
-    const double p = into_range(name, code, a, z, p_min, p_max, report);
-    const Line line = isobar<Q>(p, z, eps);
+    const double p = into_range(ctx, name, code, a, z, p_min, p_max, report);
+    const Line line = isobar<Q>(ctx, p, z, eps);
     const Piece& first = line.piece[0];
     const Piece& last = line.piece[line.n - 1];
     if (z < first.z_lo || z > last.z_hi + std::fabs(z * eps)) {
-        if (report) pwser(name, code, p, z);
+        if (report) pwser(ctx, name, code, p, z);
         a = p;
         b = z < first.z_lo ? first.lo : last.hi;
         return z < first.z_lo ? first.ireg : last.ireg;
@@ -351,15 +355,15 @@ std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, 
         double ta = c.lo, tb = c.hi;
         if (!r3) {
             a = p;
-            b = c.ireg == ireg_liquid ? pws_i1(z1<Q>, p, z, ta, tb, eps) : pws_i1(z2<Q>, p, z, ta, tb, eps);
+            b = pws_i1(ctx, c.ireg == ireg_liquid ? z1<Q> : z2<Q>, p, z, ta, tb, eps);
             return c.ireg;
         }
         if constexpr (Q == Prop::v) {
             a = z;
-            b = pws_i1(pws_a3, z, p, ta, tb, eps);
+            b = pws_i1(ctx, pws_a3, z, p, ta, tb, eps);
         } else {
             double va = c.v_lo, vb = c.v_hi;
-            pws_id(z3<Q>, z, pws_a3, p, va, vb, ta, tb, eps);
+            pws_id(ctx, z3<Q>, z, pws_a3, p, va, vb, ta, tb, eps);
             a = va;
             b = ta;
         }
@@ -371,7 +375,7 @@ std::int32_t invert_isobar(std::string_view name, std::int32_t code, double& a, 
 // Isotherm at t (C, inside the range) in increasing pressure, up to the
 // first piece that holds the value z.
 template <Prop Q>
-Line isotherm(double t, double z, double eps) {
+Line isotherm(Context& ctx, double t, double z, double eps) {
     Line line;
     const double tol = std::fabs(z * eps);
     const auto holds = [&] {
@@ -379,11 +383,11 @@ Line isotherm(double t, double z, double eps) {
         return within(z, c.z_lo, c.z_hi, tol);
     };
     const auto r2 = [&](double p_hi) {
-        line.add({ireg_vapour, p_min, p_hi, z2<Q>(p_min, t), z2<Q>(p_hi, t)});
+        line.add({ireg_vapour, p_min, p_hi, z2<Q>(ctx, p_min, t), z2<Q>(ctx, p_hi, t)});
         return holds();
     };
     const auto r3 = [&](std::int32_t ireg, double v_lo, double v_hi) {
-        line.add({ireg, v_lo, v_hi, z3<Q>(v_lo, t), z3<Q>(v_hi, t)});
+        line.add({ireg, v_lo, v_hi, z3<Q>(ctx, v_lo, t), z3<Q>(ctx, v_hi, t)});
         return holds();
     };
     const auto wet = [&](std::int32_t ireg, double ps, double zl, double zg) {
@@ -391,20 +395,20 @@ Line isotherm(double t, double z, double eps) {
         return holds();
     };
     if (t <= t_sub1_max) {
-        const double ps = pws_pt(t);
+        const double ps = pws_pt(ctx, t);
         if (r2(ps)) return line;
-        if (wet(ireg_wet, ps, z1<Q>(ps, t), z2<Q>(ps, t))) return line;
-        line.add({ireg_liquid, ps, p_max, z1<Q>(ps, t), z1<Q>(p_max, t)});
+        if (wet(ireg_wet, ps, z1<Q>(ctx, ps, t), z2<Q>(ctx, ps, t))) return line;
+        line.add({ireg_liquid, ps, p_max, z1<Q>(ctx, ps, t), z1<Q>(ctx, p_max, t)});
         return line;
     }
     const double pb = selection_boundary_pressure(t);
     if (t <= crit_t) {
-        const double ps = pws_pt(t);
+        const double ps = pws_pt(ctx, t);
         if (r2(std::min(pb, ps))) return line;
-        const SaturatedVolumes sv = saturated_volumes3(ps, t);
-        if (pb < ps && r3(ireg_r3_vapour, v3_vapour(pb, t, eps), sv.vapour)) return line;
-        if (wet(ireg_wet_r3, ps, z3<Q>(sv.liquid, t), z3<Q>(sv.vapour, t))) return line;
-        r3(ireg_r3_liquid, sv.liquid, v3_liquid(p_max, t, eps));
+        const SaturatedVolumes sv = saturated_volumes3(ctx, ps, t);
+        if (pb < ps && r3(ireg_r3_vapour, v3_vapour(ctx, pb, t, eps), sv.vapour)) return line;
+        if (wet(ireg_wet_r3, ps, z3<Q>(ctx, sv.liquid, t), z3<Q>(ctx, sv.vapour, t))) return line;
+        r3(ireg_r3_liquid, sv.liquid, v3_liquid(ctx, p_max, t, eps));
         return line;
     }
     if (pb >= p_max) {
@@ -412,7 +416,7 @@ Line isotherm(double t, double z, double eps) {
         return line;
     }
     if (r2(pb)) return line;
-    r3(ireg_r3_vapour, v3_vapour(pb, t, eps), v3_vapour(p_max, t, eps));
+    r3(ireg_r3_vapour, v3_vapour(ctx, pb, t, eps), v3_vapour(ctx, p_max, t, eps));
     return line;
 }
 
@@ -422,13 +426,13 @@ enum class OffLine { report, subregion_can_not, subregion_cannot };
 // z: the first piece that holds z. A value no piece holds is given the nearest
 // end when it lies in a gap between regions; otherwise it is reported.
 template <Prop Q>
-std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine off,
+std::int32_t invert_isotherm(Context& ctx, std::string_view name, std::int32_t code, OffLine off,
                              std::string_view z_label, double& a, double& b, double eps,
                              bool report = true) {
     if (!finite(a, b)) return ireg_not_placed;
     const double z = a;
-    const double t = into_range(name, code, b, z, t_sub1_min, t2_max, report);
-    const Line line = isotherm<Q>(t, z, eps);
+    const double t = into_range(ctx, name, code, b, z, t_sub1_min, t2_max, report);
+    const Line line = isotherm<Q>(ctx, t, z, eps);
     for (std::size_t k = 0; k < line.n; ++k) {
         const Piece& c = line.piece[k];
         if (!within(z, c.z_lo, c.z_hi, std::fabs(z * eps))) continue;
@@ -439,13 +443,13 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
         }
         double lo = c.lo, hi = c.hi;
         if (c.ireg == ireg_liquid) {
-            a = pws_i2(z1<Q>, t, z, lo, hi, eps);
+            a = pws_i2(ctx, z1<Q>, t, z, lo, hi, eps);
         } else if (c.ireg == ireg_vapour) {
-            a = pws_i2(z2<Q>, t, z, lo, hi, eps);
+            a = pws_i2(ctx, z2<Q>, t, z, lo, hi, eps);
         } else if constexpr (Q == Prop::v) {
             a = z;
         } else {
-            a = pws_i2(z3<Q>, t, z, lo, hi, eps);
+            a = pws_i2(ctx, z3<Q>, t, z, lo, hi, eps);
         }
         return c.ireg;
     }
@@ -461,9 +465,9 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
     const bool in_gap = dist <= region_gap * std::fabs(z);
     if (!in_gap) {
         if (off == OffLine::report) {
-            if (report) pwser(name, code, t, z);
+            if (report) pwser(ctx, name, code, t, z);
         } else {
-            report_subregion(off == OffLine::subregion_can_not ? subregion_can_not : subregion_cannot,
+            report_subregion(ctx, off == OffLine::subregion_can_not ? subregion_can_not : subregion_cannot,
                              label_t, t, z_label, z);
             return ireg_not_placed;
         }
@@ -475,25 +479,25 @@ std::int32_t invert_isotherm(std::string_view name, std::int32_t code, OffLine o
 }
 
 // pwsrpv without range reports, (p, v) in (a, b).
-std::int32_t quiet_pv(double& a, double& b, double eps) {
-    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps, false);
+std::int32_t quiet_pv(Context& ctx, double& a, double& b, double eps) {
+    return invert_isobar<Prop::v>(ctx, name_pwsrpv, code_pv, a, b, eps, false);
 }
 // pwsrts without range reports, with (s, t) in (a, b) (the isotherm's order).
-std::int32_t quiet_ts(double& a, double& b, double eps) {
-    return invert_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps, false);
+std::int32_t quiet_ts(Context& ctx, double& a, double& b, double eps) {
+    return invert_isotherm<Prop::s>(ctx, name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps, false);
 }
 
 // ---------------------------------------------------------------------------
 // Outer iteration of pwsrvh, pwsrvs, pwsrvu, pwsrhs, pwsrus: f(x, fixed, eps)
 // - target on [a, b] by secant steps, each followed by one midpoint evaluation
 // that keeps the bracket shrinking; 40 steps, then the last secant point.
-double outer_solve(Func3 f, double fixed, double target, double a, double b, double eps) {
+double outer_solve(Context& ctx, Fn3 f, double fixed, double target, double a, double b, double eps) {
     // Residuals of the same sign do not enclose the root; a zero or NaN product does.
     const auto encloses = [](double u, double v) { return !(u * v > 0.0); };
     const double tol = std::fabs(target * eps);
-    double fb = f(b, fixed, eps) - target;
+    double fb = f(ctx, b, fixed, eps) - target;
     if (std::fabs(fb) < tol) return b;
-    double fa = f(a, fixed, eps) - target;
+    double fa = f(ctx, a, fixed, eps) - target;
     if (std::fabs(fa) < tol) return a;
     double s = b;
     for (int step = 0; step < max_steps; ++step) {
@@ -502,17 +506,17 @@ double outer_solve(Func3 f, double fixed, double target, double a, double b, dou
         // instead of a division by zero.
         if (std::fabs(b) * eps > std::fabs(b - a) || fb == fa) return (a + b) * 0.5;
         s = b - (b - a) * fb / (fb - fa);
-        const double fs = f(s, fixed, eps) - target;
+        const double fs = f(ctx, s, fixed, eps) - target;
         if (std::fabs(fs) < tol) return s;
         detail::halve(b, fb, a, fa, s, fs, encloses,
-                      [&](double m) { return f(m, fixed, eps) - target; });
+                      [&](double m) { return f(ctx, m, fixed, eps) - target; });
     }
     // Intended: no warning when the 40 steps run out; the last secant point stands.
     return s;
 }
 
 // Volume with a property: pressure along the isochore, then pwsrpv.
-std::int32_t invert_isochore(Func3 f, double& a, double& b, double eps) {
+std::int32_t invert_isochore(Context& ctx, Fn3 f, double& a, double& b, double eps) {
     if (!finite(a, b)) return ireg_not_placed;
     const double v = a;
     const double z = b;
@@ -521,13 +525,13 @@ std::int32_t invert_isochore(Func3 f, double& a, double& b, double eps) {
     if (v < iso_v_liquid) lo = (iso_v_liquid - v) * iso_p_per_v;
     if (v > iso_v_vapour) hi = iso_pv / v;
     if (lo < iso_split && hi > iso_split) {
-        const double f1 = f(iso_split, v, eps) - z;
+        const double f1 = f(ctx, iso_split, v, eps) - z;
         if (f1 < 0.0) lo = iso_split;
         if (f1 > 0.0) hi = iso_split;
     }
-    double p = outer_solve(f, v, z, lo, hi, eps);
+    double p = outer_solve(ctx, f, v, z, lo, hi, eps);
     double second = v;
-    const std::int32_t ireg = pwsrpv(p, second, eps);
+    const std::int32_t ireg = pwsrpv(ctx, p, second, eps);
     a = p;
     // A state not placed keeps the property in b.
     if (ireg >= ireg_liquid && ireg <= ireg_wet) b = second;
@@ -541,49 +545,49 @@ struct IsentropeBracket {
     double lo = 0, hi = 0;
 };
 
-IsentropeBracket isentrope_bracket(double s, double eps) {
+IsentropeBracket isentrope_bracket(Context& ctx, double s, double eps) {
     IsentropeBracket br;
-    if (s < pws_e1(p_max, t_sub1_min) || s > pws_e2(p_min, t2_max)) return br;
+    if (s < pws_e1(ctx, p_max, t_sub1_min) || s > pws_e2(ctx, p_min, t2_max)) return br;
     br.lo = t_sub1_min;
-    if (s > pws_e2(pws_pt(t_sub1_min), t_sub1_min)) {
+    if (s > pws_e2(ctx, pws_pt(ctx, t_sub1_min), t_sub1_min)) {
         double ta = t_sub1_min, tb = t2_max;
-        br.lo = pws_i1(z2<Prop::s>, p_min, s, ta, tb, eps);
+        br.lo = pws_i1(ctx, z2<Prop::s>, p_min, s, ta, tb, eps);
     }
     br.hi = t2_max;
-    if (s < pws_e2(p_max, t2_max)) {
+    if (s < pws_e2(ctx, p_max, t2_max)) {
         double p = p_max, s_then_t = s;
-        pwsrps(p, s_then_t, eps);
+        pwsrps(ctx, p, s_then_t, eps);
         br.hi = s_then_t;
     }
     br.ok = true;
     return br;
 }
 
-std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double eps) {
+std::int32_t invert_isentrope(Context& ctx, Fn3 f, bool refuse, double& a, double& b, double eps) {
     if (!finite(a, b)) return ireg_not_placed;
     const double z = a;
     const double s = b;
-    const IsentropeBracket br = isentrope_bracket(s, eps);
-    const double z_lo = br.ok ? f(br.lo, s, eps) : 0.0;
-    const double z_hi = br.ok ? f(br.hi, s, eps) : 0.0;
+    const IsentropeBracket br = isentrope_bracket(ctx, s, eps);
+    const double z_lo = br.ok ? f(ctx, br.lo, s, eps) : 0.0;
+    const double z_hi = br.ok ? f(ctx, br.hi, s, eps) : 0.0;
     const double tol = std::fabs(z * eps);
     double t = 0.0;
     if (br.ok && z >= z_lo - tol && z <= z_hi + tol) {
-        t = outer_solve(f, s, z, br.lo, br.hi, eps);
+        t = outer_solve(ctx, f, s, z, br.lo, br.hi, eps);
     } else if (refuse) {
-        report_subregion(subregion_cannot, label_u, z, label_s, s);
+        report_subregion(ctx, subregion_cannot, label_u, z, label_s, s);
         return ireg_not_placed;
     } else {
-        pwser(name_pwsrhs, code_hs, z, s);
+        pwser(ctx, name_pwsrhs, code_hs, z, s);
         if (br.ok)
             t = z < z_lo ? br.lo : br.hi;
         else
-            t = s < pws_e1(p_max, t_sub1_min) ? t_sub1_min : t2_max;
+            t = s < pws_e1(ctx, p_max, t_sub1_min) ? t_sub1_min : t2_max;
     }
     // The state of the isentrope at t, quietly: a value out of range has
     // been reported above.
     double za = s, tb = t;
-    const std::int32_t ireg = quiet_ts(za, tb, eps);
+    const std::int32_t ireg = quiet_ts(ctx, za, tb, eps);
     a = za;
     b = tb;
     return ireg;
@@ -593,32 +597,34 @@ std::int32_t invert_isentrope(Func3 f, bool refuse, double& a, double& b, double
 std::int32_t wet_region(double t) { return t <= t_sub1_max ? ireg_wet : ireg_wet_r3; }
 
 // Mixed entropy of the wet state (t, x).
-double mixed_entropy(double t, double x) { return state_value<Prop::s>(wet_region(t), x, t); }
+double mixed_entropy(Context& ctx, double t, double x) {
+    return state_value<Prop::s>(ctx, wet_region(t), x, t);
+}
 
 double inner_eps(double eps) { return std::min(eps, entry_eps) * inner_eps_factor; }
 
 // The property of the state (p, v) placed by pwsrpv, and of the state (t, s)
 // placed by pwsrts, quietly and with the inner tolerance.
 template <Prop Q>
-double on_isobar(double p, double v, double eps) {
+double on_isobar(Context& ctx, double p, double v, double eps) {
     double a = p, b = v;
-    const std::int32_t ireg = quiet_pv(a, b, inner_eps(eps));
-    return state_value<Q>(ireg, a, b);
+    const std::int32_t ireg = quiet_pv(ctx, a, b, inner_eps(eps));
+    return state_value<Q>(ctx, ireg, a, b);
 }
 template <Prop Q>
-double on_isentrope(double t, double s, double eps) {
+double on_isentrope(Context& ctx, double t, double s, double eps) {
     double a = s, b = t;
-    const std::int32_t ireg = quiet_ts(a, b, inner_eps(eps));
-    return state_value<Q>(ireg, a, b);
+    const std::int32_t ireg = quiet_ts(ctx, a, b, inner_eps(eps));
+    return state_value<Q>(ctx, ireg, a, b);
 }
 
 // A routine of the pair (t, z): the isotherm search reads (z, t); arguments
 // not placed are handed back as they came.
 template <Prop Q>
-std::int32_t from_isotherm(std::string_view name, std::int32_t code, OffLine off,
+std::int32_t from_isotherm(Context& ctx, std::string_view name, std::int32_t code, OffLine off,
                            std::string_view z_label, double& a, double& b, double eps) {
     std::swap(a, b);
-    const std::int32_t ireg = invert_isotherm<Q>(name, code, off, z_label, a, b, eps);
+    const std::int32_t ireg = invert_isotherm<Q>(ctx, name, code, off, z_label, a, b, eps);
     if (ireg == ireg_not_placed) std::swap(a, b);
     return ireg;
 }
@@ -630,13 +636,13 @@ std::int32_t from_isotherm(std::string_view name, std::int32_t code, OffLine off
 
 double selection_boundary_pressure(double t) { return selection_boundary_reduced(t) * crit_p; }
 
-SaturatedVolumes saturated_volumes3(double ps, double t) {
+SaturatedVolumes saturated_volumes3(Context& ctx, double ps, double t) {
     double va = std::max(sat_vapour_start_offset + sat_vapour_start_slope * t, crit_v);
     double vb = v3_max;
-    const double vapour = pws_i2(pws_a3, t, ps, va, vb, entry_eps);
+    const double vapour = pws_i2(ctx, pws_a3, t, ps, va, vb, entry_eps);
     double la = std::min(liquid_start_slope * t + liquid_start_offset, crit_v);
     double lb = sat_liquid_start;
-    const double liquid = pws_i2(pws_a3, t, ps, la, lb, entry_eps);
+    const double liquid = pws_i2(ctx, pws_a3, t, ps, la, lb, entry_eps);
     // Intended: the roots are those that pws_i2 reaches from these starting
     // pairs. Above about 373.1 C the vapour pair (0.00317, 0.008799105448) no
     // longer encloses the vapour root, and the secant steps end on the middle
@@ -644,29 +650,29 @@ SaturatedVolumes saturated_volumes3(double ps, double t) {
     return {liquid, vapour};
 }
 
-std::int32_t pwsrpt(double& a, double& b, double eps) {
+std::int32_t pwsrpt(Context& ctx, double& a, double& b, double eps) {
     // Values that are not finite go through the same tests as any other: a
     // NaN fails every comparison and ends in region 2 (or region 3 above
     // 350 C), where the equations give NaN.
     const double p = a;
     const double t = b;
     if (t <= t_sub1_max) {
-        const double ps = pws_pt(t);
+        const double ps = pws_pt(ctx, t);
         // Intended: a state on the saturation line keeps its pressure in a,
         // where the entry routine reads a dryness fraction.
         if (eps * p > std::fabs(p - ps)) return ireg_wet;
         if (ps <= p) {
-            comt1(p, t);
+            comt1(ctx, p, t);
             return ireg_liquid;
         }
-        comt2(p, t);
+        comt2(ctx, p, t);
         return ireg_vapour;
     }
     if (t <= crit_t) {
-        const double ps = pws_pt(t);
+        const double ps = pws_pt(ctx, t);
         if (eps * p > std::fabs(p - ps)) return ireg_wet_r3;  // Intended: pressure kept in a.
         if (p > ps) {
-            a = v3_solve(p, t, liquid_start(t), v3_min, eps);
+            a = v3_solve(ctx, p, t, liquid_start(t), v3_min, eps);
             return ireg_r3_liquid;
         }
     }
@@ -676,49 +682,49 @@ std::int32_t pwsrpt(double& a, double& b, double eps) {
     // The search starts from 5.6E-6 t - 0.00073 as it stands: up to about
     // 365.3 C that volume lies below region 3, and the bound check of the
     // region-3 terms reports it.
-    a = v3_solve(p, t, vapour_start_lo(t), vapour_start_hi(t), eps);
+    a = v3_solve(ctx, p, t, vapour_start_lo(t), vapour_start_hi(t), eps);
     return ireg_r3_vapour;
 }
 
-std::int32_t pwsrph(double& a, double& b, double eps) {
-    return invert_isobar<Prop::h>(name_pwsrph, code_ph, a, b, eps);
+std::int32_t pwsrph(Context& ctx, double& a, double& b, double eps) {
+    return invert_isobar<Prop::h>(ctx, name_pwsrph, code_ph, a, b, eps);
 }
-std::int32_t pwsrps(double& a, double& b, double eps) {
-    return invert_isobar<Prop::s>(name_pwsrps, code_ps, a, b, eps);
+std::int32_t pwsrps(Context& ctx, double& a, double& b, double eps) {
+    return invert_isobar<Prop::s>(ctx, name_pwsrps, code_ps, a, b, eps);
 }
-std::int32_t pwsrpu(double& a, double& b, double eps) {
-    return invert_isobar<Prop::u>(name_pwsrpu, code_p, a, b, eps);
+std::int32_t pwsrpu(Context& ctx, double& a, double& b, double eps) {
+    return invert_isobar<Prop::u>(ctx, name_pwsrpu, code_p, a, b, eps);
 }
-std::int32_t pwsrpv(double& a, double& b, double eps) {
-    return invert_isobar<Prop::v>(name_pwsrpv, code_pv, a, b, eps);
+std::int32_t pwsrpv(Context& ctx, double& a, double& b, double eps) {
+    return invert_isobar<Prop::v>(ctx, name_pwsrpv, code_pv, a, b, eps);
 }
 
-std::int32_t pwsrpx(double& a, double& b, double eps) {
+std::int32_t pwsrpx(Context& ctx, double& a, double& b, double eps) {
     (void)eps;
     if (!finite(a, b)) return ireg_not_placed;
     // The saturation temperature by bracketing on the saturation equation
     // (residual 1e-12 of the pressure); the Newton form pws_tp stops at a
     // residual of 1e-4 below 186 bar.
-    const double ts = pws_it(a);
+    const double ts = pws_it(ctx, a);
     a = b;
     b = ts;
     return wet_region(ts);
 }
 
-std::int32_t pwsrtv(double& a, double& b, double eps) {
-    return from_isotherm<Prop::v>(name_pwsrtv, code_tv, OffLine::report, label_x, a, b, eps);
+std::int32_t pwsrtv(Context& ctx, double& a, double& b, double eps) {
+    return from_isotherm<Prop::v>(ctx, name_pwsrtv, code_tv, OffLine::report, label_x, a, b, eps);
 }
-std::int32_t pwsrth(double& a, double& b, double eps) {
-    return from_isotherm<Prop::h>(name_pwsrth, code_th, OffLine::subregion_can_not, label_h, a, b, eps);
+std::int32_t pwsrth(Context& ctx, double& a, double& b, double eps) {
+    return from_isotherm<Prop::h>(ctx, name_pwsrth, code_th, OffLine::subregion_can_not, label_h, a, b, eps);
 }
-std::int32_t pwsrtu(double& a, double& b, double eps) {
-    return from_isotherm<Prop::u>(name_pwsrtu, code_t, OffLine::subregion_cannot, label_u, a, b, eps);
+std::int32_t pwsrtu(Context& ctx, double& a, double& b, double eps) {
+    return from_isotherm<Prop::u>(ctx, name_pwsrtu, code_t, OffLine::subregion_cannot, label_u, a, b, eps);
 }
-std::int32_t pwsrts(double& a, double& b, double eps) {
-    return from_isotherm<Prop::s>(name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps);
+std::int32_t pwsrts(Context& ctx, double& a, double& b, double eps) {
+    return from_isotherm<Prop::s>(ctx, name_pwsrts, code_ts, OffLine::report, label_s, a, b, eps);
 }
 
-std::int32_t pwsrtx(double& a, double& b, double eps) {
+std::int32_t pwsrtx(Context& /*ctx*/, double& a, double& b, double eps) {
     (void)eps;
     const double t = a;
     const double x = b;
@@ -736,50 +742,56 @@ std::int32_t pwsrtx(double& a, double& b, double eps) {
     return ireg_wet_r3;
 }
 
-std::int32_t pwsrsx(double& a, double& b, double eps) {
+std::int32_t pwsrsx(Context& ctx, double& a, double& b, double eps) {
     if (!finite(a, b)) return ireg_not_placed;
     const double s = a;
     const double x = b;
-    const double ps0 = pws_pt(t_sub1_min);
-    const double sl0 = pws_e1(ps0, t_sub1_min);
-    const double sg0 = pws_e2(ps0, t_sub1_min);
+    const double ps0 = pws_pt(ctx, t_sub1_min);
+    const double sl0 = pws_e1(ctx, ps0, t_sub1_min);
+    const double sg0 = pws_e2(ctx, ps0, t_sub1_min);
     if (x < 0.0 || x > 1.0 || s < sl0 || s > sg0) {
-        write_record(pwserr().iunit, std::string(not_in_wet_region) + report_value(s, scale_zero) +
+        write_record(ctx, pwserr(ctx).iunit, std::string(not_in_wet_region) + report_value(s, scale_zero) +
                                          std::string(label_x) + report_value(x, scale_zero));
         return ireg_not_placed;
     }
     const double s_low = sl0 + x * (sg0 - sl0);
-    const double s_crit = mixed_entropy(crit_t, x);
+    const double s_crit = mixed_entropy(ctx, crit_t, x);
     if (!within(s, s_low, s_crit)) {
-        write_record(pwserr().iunit, std::string(below_critical_point) + report_value(s, scale_zero));
+        write_record(ctx, pwserr(ctx).iunit, std::string(below_critical_point) + report_value(s, scale_zero));
         return ireg_not_placed;
     }
     double ta = t_sub1_min, tb = crit_t;
-    const double t = pws_i2(mixed_entropy, x, s, ta, tb, eps);
+    const double t = pws_i2(ctx, mixed_entropy, x, s, ta, tb, eps);
     a = x;
     b = t;
     return wet_region(t);
 }
 
-std::int32_t pwsrhs(double& a, double& b, double eps) {
-    return invert_isentrope(pws_ht, false, a, b, eps);
+std::int32_t pwsrhs(Context& ctx, double& a, double& b, double eps) {
+    return invert_isentrope(ctx, pws_ht, false, a, b, eps);
 }
-std::int32_t pwsrus(double& a, double& b, double eps) {
-    return invert_isentrope(pws_ut, true, a, b, eps);
+std::int32_t pwsrus(Context& ctx, double& a, double& b, double eps) {
+    return invert_isentrope(ctx, pws_ut, true, a, b, eps);
 }
 
-std::int32_t pwsrvh(double& a, double& b, double eps) { return invert_isochore(pws_hp, a, b, eps); }
-std::int32_t pwsrvs(double& a, double& b, double eps) { return invert_isochore(pws_sp, a, b, eps); }
-std::int32_t pwsrvu(double& a, double& b, double eps) { return invert_isochore(pws_up, a, b, eps); }
+std::int32_t pwsrvh(Context& ctx, double& a, double& b, double eps) {
+    return invert_isochore(ctx, pws_hp, a, b, eps);
+}
+std::int32_t pwsrvs(Context& ctx, double& a, double& b, double eps) {
+    return invert_isochore(ctx, pws_sp, a, b, eps);
+}
+std::int32_t pwsrvu(Context& ctx, double& a, double& b, double eps) {
+    return invert_isochore(ctx, pws_up, a, b, eps);
+}
 
 // The auxiliary routines place their state as pwsrpv and pwsrts do, but
 // clamp a probe outside the range silently: an outer iteration tries states
 // at the ends of its bracket, and only the state it settles on is reported
 // (by the final call of the public routine).
-double pws_hp(double p, double v, double eps) { return on_isobar<Prop::h>(p, v, eps); }
-double pws_sp(double p, double v, double eps) { return on_isobar<Prop::s>(p, v, eps); }
-double pws_up(double p, double v, double eps) { return on_isobar<Prop::u>(p, v, eps); }
-double pws_ht(double t, double s, double eps) { return on_isentrope<Prop::h>(t, s, eps); }
-double pws_ut(double t, double s, double eps) { return on_isentrope<Prop::u>(t, s, eps); }
+double pws_hp(Context& ctx, double p, double v, double eps) { return on_isobar<Prop::h>(ctx, p, v, eps); }
+double pws_sp(Context& ctx, double p, double v, double eps) { return on_isobar<Prop::s>(ctx, p, v, eps); }
+double pws_up(Context& ctx, double p, double v, double eps) { return on_isobar<Prop::u>(ctx, p, v, eps); }
+double pws_ht(Context& ctx, double t, double s, double eps) { return on_isentrope<Prop::h>(ctx, t, s, eps); }
+double pws_ut(Context& ctx, double t, double s, double eps) { return on_isentrope<Prop::u>(ctx, t, s, eps); }
 
 }  // namespace pws

@@ -77,9 +77,9 @@ double solve_i2(G&& g, double& a, double& b, double r, double eps, bool strict_e
 
 }  // namespace
 
-double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double eps) {
+double pws_i1(Context& ctx, Fn2 f, double fixed, double target, double& a, double& b, double eps) {
     const double r = std::fabs(target * eps);
-    auto g = [&](double x) { return f(fixed, x) - target; };
+    auto g = [&](double x) { return f(ctx, fixed, x) - target; };
     double fa = g(a);
     if (std::fabs(fa) < r) return a;
     double fb = g(b);
@@ -91,33 +91,33 @@ double pws_i1(Func2 f, double fixed, double target, double& a, double& b, double
         if (std::fabs(fx) < r) return x;
         detail::halve(a, fa, b, fb, x, fx, encloses_i1, g);
     }
-    warn_iterations("PWS_I1");
+    warn_iterations(ctx, "PWS_I1");
     // Intended: after the last step the result is 0, not the last estimate.
     return 0.0;
 }
 
-double pws_i2(Func2 f, double fixed, double target, double& a, double& b, double eps) {
-    auto g = [&](double x) { return f(x, fixed) - target; };
+double pws_i2(Context& ctx, Fn2 f, double fixed, double target, double& a, double& b, double eps) {
+    auto g = [&](double x) { return f(ctx, x, fixed) - target; };
     // Intended: a starting value is accepted on equality with the tolerance,
     // a trial inside the loop only below it.
     return solve_i2(g, a, b, std::fabs(target * eps), eps, false, true, false);
 }
 
-double pws_i3(Func3 f, double fixed, double target, double& a, double& b, double eps) {
-    auto g = [&](double x) { return f(x, fixed, eps) - target; };
+double pws_i3(Context& ctx, Fn3 f, double fixed, double target, double& a, double& b, double eps) {
+    auto g = [&](double x) { return f(ctx, x, fixed, eps) - target; };
     return solve_i2(g, a, b, std::fabs(target * eps), eps, true, false, true);
 }
 
-double pws_it(double p) {
-    if (p > crit_p || p < p_min) pwser("PWS_IT", 1, p, 0.0);
+double pws_it(Context& ctx, double p) {
+    if (p > crit_p || p < p_min) pwser(ctx, "PWS_IT", 1, p, 0.0);
     const double r = std::fabs(p * it_tol);
     double last = 0.0;
     auto g = [&](double t) {
         if (t > crit_t) {
-            pwser("PWS_IT", 2, t, 0.0);
+            pwser(ctx, "PWS_IT", 2, t, 0.0);
             return last;  // not evaluated: the residual of the last evaluation stands
         }
-        last = pws_pt(t) - p;  // t is not above 374.15 here: pws_pt adds no report
+        last = pws_pt(ctx, t) - p;  // t is not above 374.15 here: pws_pt adds no report
         return last;
     };
     double a = it_low;
@@ -125,7 +125,7 @@ double pws_it(double p) {
     return solve_i2(g, a, b, r, it_tol, true, false, true);
 }
 
-void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, double& xb,
+void pws_id(Context& ctx, Fn2 f1, double target1, Fn2 f2, double target2, double& xa, double& xb,
             double& ya, double& yb, double eps) {
     const double tol = std::fabs(target1 * eps);
     const double eps_in = std::pow(eps, inner_power);
@@ -136,13 +136,13 @@ void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, doub
     auto inner = [&](double y) {
         double a = x_low;
         double b = x_high;
-        auto g = [&](double x) { return f2(x, y) - target2; };
+        auto g = [&](double x) { return f2(ctx, x, y) - target2; };
         return solve_i2(g, a, b, tol_in, eps_in, false, true, false);
     };
     double x_last = inner(ya);
-    double ga = f1(x_last, ya) - target1;
+    double ga = f1(ctx, x_last, ya) - target1;
     double x_at_b = inner(yb);
-    double gb = f1(x_at_b, yb) - target1;
+    double gb = f1(ctx, x_at_b, yb) - target1;
     double y_last = ya;
     if (std::fabs(ga) < tol) {
         xa = xb = x_last;
@@ -153,7 +153,7 @@ void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, doub
     y_last = yb;
     auto outer = [&](double y, double& x) {
         x = inner(y);
-        return f1(x, y) - target1;
+        return f1(ctx, x, y) - target1;
     };
     for (int step = 1;; ++step) {
         if (std::fabs(ya - yb) < std::fabs(ya) * eps) break;
@@ -168,7 +168,7 @@ void pws_id(Func2 f1, double target1, Func2 f2, double target2, double& xa, doub
         double x_mid = 0.0;  // the x of a halving point is not handed back
         detail::halve(ya, ga, yb, gb, y, g, encloses_i1, [&](double m) { return outer(m, x_mid); });
         if (step >= max_steps) {
-            warn_iterations("PWS_ID");
+            warn_iterations(ctx, "PWS_ID");
             break;
         }
     }

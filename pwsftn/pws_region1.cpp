@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -25,18 +26,6 @@ struct AuxConstants {
 constexpr AuxConstants aux{0.8438375405, 5.362162162e-4, 1.72,     0.07342278489,
                            0.0497585887, 0.65371543,     1.15e-6,  1.5108e-5,
                            0.14188,      7.002753165,    2.995284926e-4, 0.204};
-
-// The kept state of comt1 and its terms.
-struct Region1State {
-    double p_prev = detail::no_state;
-    double t_prev = detail::no_state;
-    detail::GibbsTerms terms;
-};
-
-Region1State& state() {
-    static Region1State s;
-    return s;
-}
 
 detail::GibbsTerms evaluate(double p, double t) {
     const auto& A = coef_a;
@@ -128,25 +117,23 @@ detail::GibbsTerms evaluate(double p, double t) {
     return r;
 }
 
-const detail::GibbsTerms& terms(double p, double t) {
-    comt1(p, t);
-    return state().terms;
+const detail::GibbsTerms& terms(Context& ctx, double p, double t) {
+    comt1(ctx, p, t);
+    return ctx.region1.terms;
 }
 
 }  // namespace
 
-void comt1(double p, double t) {
+void comt1(Context& ctx, double p, double t) {
     constexpr detail::StateCheck check{"COMT1", 12, false, p_min, p_max, t_sub1_min, t1_bound_max};
-    Region1State& s = state();
-    if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
+    KeptTerms<detail::GibbsTerms>& s = ctx.region1;
+    if (detail::enter_state(ctx, check, p, t, s.a_prev, s.b_prev)) s.terms = evaluate(p, t);
 }
 
-double pws_c1(double p, double t) { return detail::volume(terms(p, t)); }
-double pws_d1(double p, double t) { return detail::enthalpy(terms(p, t)); }
-double pws_e1(double p, double t) { return detail::entropy(terms(p, t)); }
-double pws_f1(double p, double t) { return detail::internal_energy(terms(p, t)); }
-double pws_h1(double p, double t) { return detail::heat_capacity(terms(p, t)); }
-
-void detail::reset_region1() { state() = Region1State{}; }
+double pws_c1(Context& ctx, double p, double t) { return detail::volume(terms(ctx, p, t)); }
+double pws_d1(Context& ctx, double p, double t) { return detail::enthalpy(terms(ctx, p, t)); }
+double pws_e1(Context& ctx, double p, double t) { return detail::entropy(terms(ctx, p, t)); }
+double pws_f1(Context& ctx, double p, double t) { return detail::internal_energy(terms(ctx, p, t)); }
+double pws_h1(Context& ctx, double p, double t) { return detail::heat_capacity(terms(ctx, p, t)); }
 
 }  // namespace pws

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -41,18 +42,6 @@ constexpr std::array<Term, 4> terms_bd{{
 constexpr std::array<double, 7> coef_b9{193.6587558,  -1388.522425, 4126.607219, -6508.211677,
                                         5745.984054,  -2693.088365, 523.5718623};
 constexpr int max_x_power = 54;
-
-// The kept state of comt2 and its terms.
-struct Region2State {
-    double p_prev = detail::no_state;
-    double t_prev = detail::no_state;
-    detail::GibbsTerms terms;
-};
-
-Region2State& state() {
-    static Region2State s;
-    return s;
-}
 
 detail::GibbsTerms evaluate(double p, double t) {
     const double b = coef_b;
@@ -152,25 +141,23 @@ detail::GibbsTerms evaluate(double p, double t) {
     return r;
 }
 
-const detail::GibbsTerms& terms(double p, double t) {
-    comt2(p, t);
-    return state().terms;
+const detail::GibbsTerms& terms(Context& ctx, double p, double t) {
+    comt2(ctx, p, t);
+    return ctx.region2.terms;
 }
 
 }  // namespace
 
-void comt2(double p, double t) {
+void comt2(Context& ctx, double p, double t) {
     constexpr detail::StateCheck check{"COMT2", 12, false, p_min, p_max, t2_min, t2_max};
-    Region2State& s = state();
-    if (detail::enter_state(check, p, t, s.p_prev, s.t_prev)) s.terms = evaluate(p, t);
+    KeptTerms<detail::GibbsTerms>& s = ctx.region2;
+    if (detail::enter_state(ctx, check, p, t, s.a_prev, s.b_prev)) s.terms = evaluate(p, t);
 }
 
-double pws_c2(double p, double t) { return detail::volume(terms(p, t)); }
-double pws_d2(double p, double t) { return detail::enthalpy(terms(p, t)); }
-double pws_e2(double p, double t) { return detail::entropy(terms(p, t)); }
-double pws_f2(double p, double t) { return detail::internal_energy(terms(p, t)); }
-double pws_h2(double p, double t) { return detail::heat_capacity(terms(p, t)); }
-
-void detail::reset_region2() { state() = Region2State{}; }
+double pws_c2(Context& ctx, double p, double t) { return detail::volume(terms(ctx, p, t)); }
+double pws_d2(Context& ctx, double p, double t) { return detail::enthalpy(terms(ctx, p, t)); }
+double pws_e2(Context& ctx, double p, double t) { return detail::entropy(terms(ctx, p, t)); }
+double pws_f2(Context& ctx, double p, double t) { return detail::internal_energy(terms(ctx, p, t)); }
+double pws_h2(Context& ctx, double p, double t) { return detail::heat_capacity(terms(ctx, p, t)); }
 
 }  // namespace pws

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_regions.hpp"
 #include "pwsftn/pws_saturation.hpp"
 #include "pwsftn/pws_terms.hpp"
@@ -48,26 +49,8 @@ constexpr std::array<double, 9> coef_c7{-257.1600553, -151.8783715, 22.20723208,
                                         -180.2039570, 2357.096220,  -14623.35698,
                                         45429.16630,  -70535.56432, 43815.71428};
 
-// Reduced Helmholtz function psi = f / (pc vc) and its derivatives with
-// respect to theta (t) and chi (c).
-struct Terms3 {
-    double theta = 0.0, chi = 0.0;
-    double psi = 0.0, psi_t = 0.0, psi_c = 0.0, psi_tt = 0.0, psi_tc = 0.0, psi_cc = 0.0;
-};
-
-struct Region3State {
-    double v_prev = detail::no_state;
-    double t_prev = detail::no_state;
-    Terms3 terms;
-};
-
-Region3State& state() {
-    static Region3State s;
-    return s;
-}
-
-Terms3 evaluate(double v, double t) {
-    Terms3 r;
+detail::Terms3 evaluate(double v, double t) {
+    detail::Terms3 r;
     const double th = reduced_temperature(t);
     const double ch = v / crit_v;
     const double d = th - 1.0;
@@ -169,40 +152,38 @@ Terms3 evaluate(double v, double t) {
     return r;
 }
 
-const Terms3& terms(double v, double t) {
-    comt3(v, t);
-    return state().terms;
+const detail::Terms3& terms(Context& ctx, double v, double t) {
+    comt3(ctx, v, t);
+    return ctx.region3.terms;
 }
 
 }  // namespace
 
-void comt3(double v, double t) {
+void comt3(Context& ctx, double v, double t) {
     constexpr detail::StateCheck check{"COMT3", 42, true, v3_min, v3_max, t3_min, t3_max};
-    Region3State& s = state();
-    if (detail::enter_state(check, v, t, s.v_prev, s.t_prev)) s.terms = evaluate(v, t);
+    KeptTerms<detail::Terms3>& s = ctx.region3;
+    if (detail::enter_state(ctx, check, v, t, s.a_prev, s.b_prev)) s.terms = evaluate(v, t);
 }
 
-double pws_a3(double v, double t) { return -terms(v, t).psi_c * crit_p; }
+double pws_a3(Context& ctx, double v, double t) { return -terms(ctx, v, t).psi_c * crit_p; }
 
-double pws_d3(double v, double t) {
-    const Terms3& r = terms(v, t);
+double pws_d3(Context& ctx, double v, double t) {
+    const detail::Terms3& r = terms(ctx, v, t);
     return (r.psi - r.theta * r.psi_t - r.chi * r.psi_c) * energy_scale;
 }
 
-double pws_e3(double v, double t) { return -terms(v, t).psi_t * entropy_scale; }
+double pws_e3(Context& ctx, double v, double t) { return -terms(ctx, v, t).psi_t * entropy_scale; }
 
-double pws_f3(double v, double t) {
-    const double h = pws_d3(v, t);
-    const Terms3& r = state().terms;
+double pws_f3(Context& ctx, double v, double t) {
+    const double h = pws_d3(ctx, v, t);
+    const detail::Terms3& r = ctx.region3.terms;
     // u = h - p v, with p v = pc vc (chi beta) and beta = -psi_chi
     return h + r.chi * r.psi_c * energy_scale;
 }
 
-double pws_h3(double v, double t) {
-    const Terms3& r = terms(v, t);
+double pws_h3(Context& ctx, double v, double t) {
+    const detail::Terms3& r = terms(ctx, v, t);
     return (-r.theta * r.psi_tt + r.theta * r.psi_tc * r.psi_tc / r.psi_cc) * entropy_scale;
 }
-
-void detail::reset_region3() { state() = Region3State{}; }
 
 }  // namespace pws

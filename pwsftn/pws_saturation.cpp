@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_error.hpp"
 #include "pwsftn/pws_terms.hpp"
 
@@ -41,16 +42,6 @@ constexpr double tp_damping = 0.99;
 constexpr double tp_back_step = 0.01;   // C, shrinks by tp_back_shrink per use
 constexpr double tp_back_shrink = 0.9;
 
-struct SaturationState {
-    double slope = 0.0;         // the saturation-slope record, written by psl1
-    CurrentState current{};     // the current-state record, written by comt1, comt2, comt3
-};
-
-SaturationState& state() {
-    static SaturationState s;
-    return s;
-}
-
 struct Exponent {
     double value;  // ln(ps / pc)
     double d_du;   // derivative with respect to u = 1 - T/Tc
@@ -73,18 +64,18 @@ Exponent saturation_exponent(double t) {
 
 }  // namespace
 
-double pws_pt(double t) {
+double pws_pt(Context& ctx, double t) {
     if (t > crit_t) {
-        pwser("PWS_PT", 2, t, 0.0);
+        pwser(ctx, "PWS_PT", 2, t, 0.0);
         return 0.0;
     }
     // Intended: no lower bound; temperatures below 0.01 C are evaluated as they are.
     return crit_p * std::exp(saturation_exponent(t).value);
 }
 
-double psl1(double t) {
+double psl1(Context& ctx, double t) {
     if (t > crit_t) {
-        pwser("PSL1", 2, t, 0.0);
+        pwser(ctx, "PSL1", 2, t, 0.0);
         return 0.0;
     }
     const Exponent e = saturation_exponent(t);
@@ -93,11 +84,11 @@ double psl1(double t) {
     // dps/dT in bar/K, so the Newton steps of pws_tp are about eight times too
     // short. It carries the sign of dps/dT (minus the derivative in u), the
     // sign under which the step t + (p - ps) / slope moves towards the root.
-    state().slope = ps / slope_scale * -e.d_du;
+    ctx.saturation.slope = ps / slope_scale * -e.d_du;
     return ps;
 }
 
-double psl1_slope() { return state().slope; }
+double psl1_slope(const Context& ctx) { return ctx.saturation.slope; }
 
 namespace {
 
@@ -124,22 +115,22 @@ double tp_start(double p) {
 
 }  // namespace
 
-double pws_tp(double p) {
+double pws_tp(Context& ctx, double p) {
     const double tol = p <= tp_band_1 ? tp_tol_1 : (p <= tp_band_2 ? tp_tol_2 : tp_tol_3);
     if (p > crit_p) {
-        pwser("PWS_TP", 1, p, 0.0);
+        pwser(ctx, "PWS_TP", 1, p, 0.0);
         return 0.0;
     }
     double t = tp_start(p);
-    double ps = psl1(t);
-    double slope = psl1_slope();
+    double ps = psl1(ctx, t);
+    double slope = psl1_slope(ctx);
     t += (p - ps) / slope;
     if (std::fabs((p - ps) / p) < tol) return t;
     double w = 1.0;
     double back = tp_back_step;
     for (int c = 1;; ++c) {
         if (c > tp_max_steps) {
-            pwser("PWS_TP", -1, p, 0.0);
+            pwser(ctx, "PWS_TP", -1, p, 0.0);
             return t;
         }
         w *= tp_damping;
@@ -148,37 +139,38 @@ double pws_tp(double p) {
             back *= tp_back_shrink;
             t -= back;
             if (t > crit_t) {
-                pwser("PWS_TP", 2, t, 0.0);
+                pwser(ctx, "PWS_TP", 2, t, 0.0);
                 // Intended: the update below uses the previous pressure and slope.
                 evaluate = false;
             }
         }
         if (evaluate) {
-            ps = psl1(t);
-            slope = psl1_slope();
+            ps = psl1(ctx, t);
+            slope = psl1_slope(ctx);
         }
         t += w * (p - ps) / slope;
         if (std::fabs((p - ps) / p) < tol) return t;
     }
 }
 
-CurrentState pws_cu() { return state().current; }
+CurrentState pws_cu(const Context& ctx) { return ctx.saturation.current; }
 
-bool detail::enter_state(const StateCheck& check, double a, double b, double& a_prev, double& b_prev) {
+bool detail::enter_state(Context& ctx, const StateCheck& check, double a, double b, double& a_prev,
+                         double& b_prev) {
     const auto bitwise = [](double x) { return std::bit_cast<std::uint64_t>(x); };
     // Intended: a call for the kept state returns before any record is written.
     if (!std::isnan(a) && !std::isnan(b) && bitwise(a) == bitwise(a_prev) && bitwise(b) == bitwise(b_prev))
         return false;
     a_prev = a;
     b_prev = b;
-    CurrentState& cu = state().current;
+    CurrentState& cu = ctx.saturation.current;
     (check.volume ? cu.v : cu.p) = a;
     cu.t = b;
     const auto outside = [](double x, double low, double high) {
         return x < low * bound_low_factor || x > high * bound_high_factor;
     };
-    if (outside(a, check.a_low, check.a_high)) pwser(check.name, check.code, a, b);
-    if (outside(b, check.b_low, check.b_high)) pwser(check.name, check.code, a, b);
+    if (outside(a, check.a_low, check.a_high)) pwser(ctx, check.name, check.code, a, b);
+    if (outside(b, check.b_low, check.b_high)) pwser(ctx, check.name, check.code, a, b);
     return true;
 }
 
@@ -205,11 +197,16 @@ double pws_cl_slope(double t) {
     return l.l1 + l.dl2 * theta;
 }
 
+void forget_terms(Context& ctx) {
+    ctx.region1 = {};
+    ctx.region2 = {};
+    ctx.region3 = {};
+}
+
 void reset_terms_for_tests() {
-    state() = SaturationState{};
-    detail::reset_region1();
-    detail::reset_region2();
-    detail::reset_region3();
+    Context& ctx = default_context();
+    ctx.saturation = SaturationState{};
+    forget_terms(ctx);
 }
 
 }  // namespace pws

@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 
+#include "pwsftn/pws_context_fwd.hpp"
+
 namespace pws {
 
 // The package's constants record, in its fixed order (read-only).
@@ -61,17 +63,18 @@ inline constexpr double t3_max = pws_lc[24];       // C
 inline double reduced_temperature(double t) { return (t + celsius_offset) / crit_tk; }
 
 // Saturation pressure (bar) at t (C); above 374.15 C reports code 2 and returns 0.
-double pws_pt(double t);
-// As pws_pt, and keeps the slope of the saturation line (read by psl1_slope).
-double psl1(double t);
+double pws_pt(Context& ctx, double t);
+// As pws_pt, and keeps the slope of the saturation line in the context (read
+// by psl1_slope).
+double psl1(Context& ctx, double t);
 // The slope kept by the last psl1: (ps / 80.3334) times minus the derivative of
 // the saturation exponent with respect to 1 - T/Tc (psi per degree F scale).
-double psl1_slope();
+double psl1_slope(const Context& ctx);
 // Saturation temperature (C) at p (bar) by damped Newton steps; above 221.2 bar
 // reports code 1 and returns 0; not converged after 30 updates (the rule above
 // 186.1581 bar, where the tolerance tightens), reports code -1 and returns the
 // last iterate.
-double pws_tp(double p);
+double pws_tp(Context& ctx, double p);
 
 // IFC-67 L function (region-2/3 boundary): L0, L1, L2 and the derivative
 // coefficient 2 L2; reduced boundary pressure L0 + L1 theta + L2 theta^2.
@@ -90,22 +93,38 @@ double boundary_pressure(double t);
 double boundary_temperature(double p);
 
 // Common terms of sub-region 1 / region 2 at (p bar, t C) and of region 3 at
-// (v m3/kg, t C): bound check (codes 12 and 42), then the terms, kept until a
-// call with another state.
-void comt1(double p, double t);
-void comt2(double p, double t);
-void comt3(double v, double t);
+// (v m3/kg, t C): bound check (codes 12 and 42), then the terms, kept in the
+// context until a call with another state.
+void comt1(Context& ctx, double p, double t);
+void comt2(Context& ctx, double p, double t);
+void comt3(Context& ctx, double v, double t);
 
 // The current-state record: the last state handed to a common-term routine
 // that was not its kept state. comt1 and comt2 write p (bar) and t (C), comt3
-// writes v (m3/kg) and t; the other place keeps its earlier value (0 at load).
+// writes v (m3/kg) and t; the other place keeps its earlier value (0 at first).
 struct CurrentState {
     double p, t, v;
 };
-CurrentState pws_cu();
+CurrentState pws_cu(const Context& ctx);
 
-// Test hook: empties the caches of comt1, comt2, comt3, the kept slope and
-// the current-state record.
+// Forgets the kept states of comt1, comt2 and comt3: the next call of each
+// evaluates and checks its state afresh.
+void forget_terms(Context& ctx);
+
+// ---------------------------------------------------------------------------
+// The legacy routines: the same over the default context.
+
+inline double pws_pt(double t) { return pws_pt(default_context(), t); }
+inline double psl1(double t) { return psl1(default_context(), t); }
+inline double psl1_slope() { return psl1_slope(default_context()); }
+inline double pws_tp(double p) { return pws_tp(default_context(), p); }
+inline void comt1(double p, double t) { comt1(default_context(), p, t); }
+inline void comt2(double p, double t) { comt2(default_context(), p, t); }
+inline void comt3(double v, double t) { comt3(default_context(), v, t); }
+inline CurrentState pws_cu() { return pws_cu(default_context()); }
+
+// Test hook: empties the default context's caches of comt1, comt2, comt3,
+// the kept slope and the current-state record.
 void reset_terms_for_tests();
 
 }  // namespace pws

@@ -25,9 +25,11 @@ struct StateCheck {
 
 // The first steps of comt1, comt2, comt3: false when (a, b) equals the kept
 // pair (bitwise, neither NaN); otherwise keeps the pair, writes it into the
-// current-state record and reports each quantity outside its range widened
-// by the bound factors, and returns true (the terms are to be evaluated).
-bool enter_state(const StateCheck& check, double a, double b, double& a_prev, double& b_prev);
+// context's current-state record and reports each quantity outside its range
+// widened by the bound factors, and returns true (the terms are to be
+// evaluated).
+bool enter_state(Context& ctx, const StateCheck& check, double a, double b, double& a_prev,
+                 double& b_prev);
 
 // Reduced state and properties of a state of sub-region 1 or region 2, both
 // given by a characteristic Gibbs equation.
@@ -45,9 +47,11 @@ inline double entropy(const GibbsTerms& r) { return r.sigma * entropy_scale; }
 inline double internal_energy(const GibbsTerms& r) { return (r.eps - r.beta * r.chi) * energy_scale; }
 inline double heat_capacity(const GibbsTerms& r) { return -r.theta * r.zeta_tt * entropy_scale; }
 
-// Forget the kept states of comt1, comt2, comt3 (test hook helpers).
-void reset_region1();
-void reset_region2();
-void reset_region3();
+// Reduced Helmholtz function psi = f / (pc vc) of a region-3 state and its
+// derivatives with respect to theta (t) and chi (c).
+struct Terms3 {
+    double theta = 0.0, chi = 0.0;
+    double psi = 0.0, psi_t = 0.0, psi_c = 0.0, psi_tt = 0.0, psi_tc = 0.0, psi_cc = 0.0;
+};
 
 }  // namespace pws::detail

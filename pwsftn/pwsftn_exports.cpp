@@ -7,22 +7,24 @@
 
 #include "host/ftn_text.hpp"
 #include "ondrel/pwsftn.h"
+#include "pwsftn/pws_context.hpp"
 #include "pwsftn/pws_inverse.hpp"
 #include "pwsftn/pwsftn.hpp"
 
 namespace {
 
 // A missing argument places no state.
-std::int32_t call(pws::InverseFn fn, double* a, double* b, const double* eps) {
+std::int32_t call(std::int32_t (*fn)(pws::Context&, double&, double&, double), double* a, double* b,
+                  const double* eps) {
     if (a == nullptr || b == nullptr || eps == nullptr) return 0;
-    return fn(*a, *b, *eps);
+    return fn(pws::default_context(), *a, *b, *eps);
 }
 
 // A missing argument gives a quiet NaN, as in the other functions of the package.
-double call_aux(double (*fn)(double, double, double), const double* x, const double* fixed,
+double call_aux(double (*fn)(pws::Context&, double, double, double), const double* x, const double* fixed,
                 const double* eps) {
     if (x == nullptr || fixed == nullptr || eps == nullptr) return std::numeric_limits<double>::quiet_NaN();
-    return fn(*x, *fixed, *eps);
+    return fn(pws::default_context(), *x, *fixed, *eps);
 }
 
 }  // namespace
@@ -47,21 +49,31 @@ int32_t pwsrvh_(double* a, double* b, const double* eps) { return call(pws::pwsr
 int32_t pwsrvs_(double* a, double* b, const double* eps) { return call(pws::pwsrvs, a, b, eps); }
 int32_t pwsrvu_(double* a, double* b, const double* eps) { return call(pws::pwsrvu, a, b, eps); }
 
-double pws_hp_(const double* p, const double* v, const double* eps) { return call_aux(pws::pws_hp, p, v, eps); }
-double pws_sp_(const double* p, const double* v, const double* eps) { return call_aux(pws::pws_sp, p, v, eps); }
-double pws_up_(const double* p, const double* v, const double* eps) { return call_aux(pws::pws_up, p, v, eps); }
-double pws_ht_(const double* t, const double* s, const double* eps) { return call_aux(pws::pws_ht, t, s, eps); }
-double pws_ut_(const double* t, const double* s, const double* eps) { return call_aux(pws::pws_ut, t, s, eps); }
+double pws_hp_(const double* p, const double* v, const double* eps) {
+    return call_aux(pws::pws_hp, p, v, eps);
+}
+double pws_sp_(const double* p, const double* v, const double* eps) {
+    return call_aux(pws::pws_sp, p, v, eps);
+}
+double pws_up_(const double* p, const double* v, const double* eps) {
+    return call_aux(pws::pws_up, p, v, eps);
+}
+double pws_ht_(const double* t, const double* s, const double* eps) {
+    return call_aux(pws::pws_ht, t, s, eps);
+}
+double pws_ut_(const double* t, const double* s, const double* eps) {
+    return call_aux(pws::pws_ut, t, s, eps);
+}
 
 void pwsftn_(pws_inverse_routine xysub, const double* x, const double* y, const char* depend,
              double* result, size_t depend_len) {
     if (x == nullptr || y == nullptr || result == nullptr) return;
     // The host's routine, called in the host convention (a null routine places no state).
-    auto host_routine = [xysub](double& a, double& b, double eps) -> std::int32_t {
+    auto host_routine = [xysub](pws::Context&, double& a, double& b, double eps) -> std::int32_t {
         return xysub == nullptr ? 0 : xysub(&a, &b, &eps);
     };
     const std::string_view text = ftn::view(depend, depend_len);
-    pws::pwsftn(pws::InverseRoutine(host_routine), *x, *y, text,
+    pws::pwsftn(pws::default_context(), host_routine, *x, *y, text,
                 std::span<double>(result, pws::key_count(text)));
 }
 

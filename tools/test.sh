@@ -15,7 +15,7 @@ if [ "${1:-}" = "--sanitize" ]; then
 elif [ "${1:-}" = "--threads" ]; then
   build="$root/build-tsan"
   cmake -S "$root" -B "$build" -DONDREL_TSAN=ON -DONDREL_BUILD_EXAMPLES=OFF >/dev/null
-  cmake --build "$build" -j "$jobs" --target mixture_threads_test mixture_api_test
+  cmake --build "$build" -j "$jobs" --target mixture_threads_test mixture_api_test if97_threads_test ifc67_threads_test
   ctest --test-dir "$build" -j "$jobs" --output-on-failure -R 'Threads|Batch'
   exit 0
 fi

@@ -26,6 +26,8 @@ enum class Status : int {
     pressure_undetermined = 12, // the inputs do not fix the pressure (an ideal gas's h or u)
     not_available = 13,         // the property has no value at this state
     invalid_argument = 14,      // a null handle or arrays of mismatched sizes
+    not_unique = 15,            // the inputs do not fix one state (e.g. p and T on the saturation line)
+    out_of_memory = 16,         // memory ran out (a C call's answer where C++ throws std::bad_alloc)
 };
 
 // The message of a status, e.g. "unknown component"; "unknown status" for a

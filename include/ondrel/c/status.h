@@ -26,7 +26,9 @@ enum {
     ONDREL_NOT_CONVERGED = 11,
     ONDREL_PRESSURE_UNDETERMINED = 12,
     ONDREL_NOT_AVAILABLE = 13,
-    ONDREL_INVALID_ARGUMENT = 14
+    ONDREL_INVALID_ARGUMENT = 14,
+    ONDREL_NOT_UNIQUE = 15,
+    ONDREL_OUT_OF_MEMORY = 16
 };
 
 /* The message of a status code, a NUL-terminated text with static storage;
