@@ -148,6 +148,22 @@ TEST_F(Water, ReferenceCorrectionIsFixedByTheFirstCall) {
     EXPECT_NE(w::cp_h2o(1.0, 1e5, 303.15), cp);  // while cp takes the molar mass afresh on every call
 }
 
+// IF97 measures entropy from the liquid at the triple point; matched to the
+// gas table's "H2O" at 1073.15 K and 101325 Pa, it becomes absolute. With the
+// gas rows on the 101325 Pa standard state, liquid water at 298.15 K then has
+// its tabulated entropy (a liquid's entropy moves by about 1e-5 J/(mol K)
+// between 1 bar and 101325 Pa). Left on 1 bar, the gas rows would put it
+// 0.11 J/(mol K) high.
+TEST_F(Water, CondensedWaterHasItsTabulatedStandardEntropy) {
+    constexpr double r_tables = 8.31451;  // J/(mol K), the gas constant of the tables
+    for (const CsvRow& r : table("../gasdata/standard_entropy_298.csv")) {
+        if (r.name != "H2O(L)") continue;
+        EXPECT_NEAR(w::s_h2o(1.0, 1e5, 298.15) * r_tables, r.num("S_J_per_mol_K"), r.num("uncertainty_J_per_mol_K"));
+        return;
+    }
+    FAIL() << "no H2O(L) row in standard_entropy_298.csv";
+}
+
 using Robustness = LoadedTable;
 
 // Documented answers: NaN through the polynomials and logarithms, 0 where a guard drops the value.

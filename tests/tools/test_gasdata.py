@@ -4,6 +4,7 @@ Run by CTest as gasdata_converter; needs only the repository (no raw data).
 """
 
 import copy
+import csv
 import io
 import math
 import os
@@ -105,6 +106,64 @@ class CommittedFile(unittest.TestCase):
         for name, cp, places in [("AR", 2.5, 2), ("HE", 2.5, 2), ("N2", 3.50, 2), ("CO2", 4.47, 2),
                                  ("H2O", 4.04, 2), ("H2O(L)", 9.06, 1)]:
             self.assertAlmostEqual(nasa7.cp(nasa7.range_at(by_name[name].coef, 298.15), 298.15), cp, places, name)
+
+
+def read_reference_csv(name):
+    path = os.path.join(REPO, "tests", "data", "gasdata", name)
+    with open(path, encoding="ascii") as f:
+        return list(csv.DictReader(line for line in f if not line.startswith("#")))
+
+
+class EntropyReference(unittest.TestCase):
+    """Gas entropies are referred to 101325 Pa, the raw records to 1 bar."""
+
+    R_TABLES = 8.31451  # J/(mol K), the gas constant of the tables and of the raw records
+    T = 298.15
+
+    def test_standard_entropies_at_298_k(self):
+        # S/R of the committed rows at 101325 Pa (s_0 has no pressure term
+        # there) against the tabulated S(1 bar) moved to 101325 Pa. Compared
+        # as S/R: the library's shortened R = 8.3143 would scale every S by
+        # 2.5e-5 (0.005 J/(mol K) here), which is the model's choice, not the
+        # data's. Tolerance: 0.01 J/(mol K) or the table's uncertainty if larger.
+        by_name = {r.name: r for r in ROWS}
+        refs = read_reference_csv("standard_entropy_298.csv")
+        self.assertGreaterEqual({r["name"] for r in refs},
+                                {"N2", "O2", "AR", "CO2", "H2O", "CO", "H2", "CH4"})
+        shift = math.log(101325.0 / 100000.0)
+        for ref in refs:
+            with self.subTest(ref["name"]):
+                row = by_name[ref["name"]]
+                self.assertEqual(row.condensed, ref["phase"] == "C")
+                s_row = nasa7.s(nasa7.range_at(row.coef, self.T), self.T)
+                s_1bar = float(ref["S_J_per_mol_K"]) / self.R_TABLES
+                s_ref = s_1bar - (0.0 if row.condensed else shift)
+                tol = max(0.01, float(ref["uncertainty_J_per_mol_K"] or 0.0))
+                self.assertLess(abs(s_row - s_ref) * self.R_TABLES, tol,
+                                "%.4f J/(mol K) from the table" % ((s_row - s_ref) * self.R_TABLES))
+                if not row.condensed:
+                    # The 1-bar figure itself must miss: the check sees the shift.
+                    self.assertGreater(abs(s_row - s_1bar) * self.R_TABLES, tol)
+
+    def test_converter_moves_gas_rows_only(self):
+        self.assertEqual(make_gasdata.ENTROPY_SHIFT, math.log(1.01325))
+        self.assertAlmostEqual(make_gasdata.ENTROPY_SHIFT, 0.013162987, places=9)
+
+        def row(name, high, low):
+            return make_gasdata.Row(name, "", [("C", 1)], Decimal(200), Decimal(6000), Decimal("0.012"),
+                                    [high, low], Decimal(0), Decimal(0))
+        high = [3.0, 1e-3, 0.0, 0.0, 0.0, -900.0, 5.12345678]
+        low = [3.5, -2e-3, 0.0, 0.0, 0.0, -1000.0, -0.849032208]
+        for name in ("CO", "H2O(IF)"):
+            gas = make_gasdata.to_reference_pressure(row(name, list(high), list(low)))
+            self.assertEqual(gas.coef[0], high[:6] + [5.11029379])   # rounded to nine digits, as written
+            self.assertEqual(gas.coef[1], low[:6] + [-0.862195195])
+        # A range given as absent stays all zeros.
+        single = make_gasdata.to_reference_pressure(row("CO", [0.0] * 7, list(low)))
+        self.assertEqual(single.coef, [[0.0] * 7, low[:6] + [-0.862195195]])
+        for name in ("C(S)", "H2O(L)", "SIO2(L)"):
+            self.assertEqual(make_gasdata.to_reference_pressure(row(name, list(high), list(low))).coef,
+                             [high, low])
 
 
 def mutated(target, **changes):

@@ -2,7 +2,8 @@
 """Writes the gas data file data/Ondrel.Dat from the public raw data.
 
 Thermo: NASA 7-coefficient records of McBride, Gordon and Reno (NASA TM-4513,
-1993), file cantera/nasathermo.dat. Lennard-Jones parameters: GRI-Mech 3.0,
+1993), file cantera/nasathermo.dat, with the entropy constants of the gases
+moved from the records' 1 bar to the library's 101325 Pa. Lennard-Jones parameters: GRI-Mech 3.0,
 the Chemkin miscellaneous transport collection and Svehla's table (see
 species.py for the choice per row).
 
@@ -40,8 +41,17 @@ CSV_FILE = os.path.join("tests", "data", "gasdata", "ondrel_dat_rows.csv")
 # One line, read and ignored by the loader; kept free of commas and slashes,
 # which free-format input treats as separators.
 HEADER = ("Ondrel gas data {n} components: NASA 7-coefficient polynomials (TM-4513) "
-          "above and below 1000 K; molar mass kg per mol; Lennard-Jones sigma "
-          "Angstrom and eps over k in K")
+          "above and below 1000 K; gas entropies at 101325 Pa; molar mass kg per mol; "
+          "Lennard-Jones sigma Angstrom and eps over k in K")
+
+# The library refers gas entropies to 101325 Pa (s_0 subtracts ln(p / 101325 Pa)),
+# the raw records to their standard pressure of 1 bar. An ideal gas at 101325 Pa
+# has S/R lower by ln(101325 Pa / 1 bar) at every temperature, so every gas row
+# has that constant taken off a7 (the entropy constant) of both ranges. Condensed
+# rows have no pressure term and keep their constants.
+P_RAW_STANDARD = 100000.0  # Pa
+P_TABLE_REFERENCE = 101325.0  # Pa
+ENTROPY_SHIFT = math.log(P_TABLE_REFERENCE / P_RAW_STANDARD)  # 0.0131633..., S/R
 
 G_PER_KG = Decimal(1000)
 
@@ -195,6 +205,18 @@ def refit_quartz(thermo, report):
 REFITS = {"refit:S(S)": refit_sulfur, "refit:SIO2(S)": refit_quartz}
 
 
+def to_reference_pressure(row):
+    """Moves the entropy constants of a gas row from the raw 1 bar to 101325 Pa.
+    "H2O(IF)" is a gas row like "H2O" and moves with it. A range given as
+    absent (a1 = 0.0) stays all zeros; condensed rows are left as they are."""
+    if row.condensed:
+        return row
+    for coef in row.coef:
+        if coef[0] != 0.0:
+            coef[6] = fixedcol.round_e(coef[6] - ENTROPY_SHIFT)
+    return row
+
+
 # --------------------------------------------------------------------------
 # Building the table
 
@@ -203,15 +225,16 @@ def build_rows(thermo, lj, report):
     rows = []
     for sp in SPECIES:
         if sp.thermo in REFITS:
-            rows.append(REFITS[sp.thermo](thermo, report))
+            rows.append(to_reference_pressure(REFITS[sp.thermo](thermo, report)))
             continue
         rec = record(thermo, sp.thermo)
         eps = sigma = Decimal(0)
         if sp.lj_source is not None:
             eps, sigma = lj[sp.lj_source][sp.lj_entry]
-        rows.append(Row(sp.name, rec.name, integer_elements(rec), Decimal(rec.tmin_text),
-                        Decimal(rec.tmax_text), Decimal(rec.mmol_text) / G_PER_KG,
-                        [list(rec.coef[0]), list(rec.coef[1])], sigma, eps))
+        rows.append(to_reference_pressure(Row(
+            sp.name, rec.name, integer_elements(rec), Decimal(rec.tmin_text),
+            Decimal(rec.tmax_text), Decimal(rec.mmol_text) / G_PER_KG,
+            [list(rec.coef[0]), list(rec.coef[1])], sigma, eps)))
     return rows
 
 
