@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <mutex>
 #include <utility>
 
@@ -12,6 +13,7 @@
 #include "solver/od_pair_search.hpp"
 #include "solver/od_solver.hpp"
 #include "thermo/od_basefuncs.hpp"
+#include "thermo/od_component.hpp"
 #include "thermo/od_context.hpp"
 #include "thermo/od_derivative.hpp"
 #include "thermo/od_mixinfo.hpp"
@@ -180,12 +182,13 @@ GasState gas_state(const detail::MixtureData& m, double p, double t, td::SumPart
 
 // The sums a property needs.
 td::SumParts parts_of(Property prop) {
-    return {prop == Property::h || prop == Property::u, prop == Property::s, prop == Property::cv};
+    return {prop == Property::h || prop == Property::u, prop == Property::s,
+            prop == Property::cv || prop == Property::cp};
 }
 
 bool caloric(Property prop) {
     return prop == Property::v || prop == Property::d || prop == Property::h || prop == Property::s ||
-           prop == Property::u || prop == Property::cv;
+           prop == Property::u || prop == Property::cv || prop == Property::cp;
 }
 
 // --- the search of a state from an input pair -------------------------------
@@ -302,6 +305,130 @@ Search search_state(od::Context& c, const detail::MixtureData& m, std::string_vi
     return out;
 }
 
+// --- the properties beyond the sixteen ------------------------------------------
+
+inline constexpr double t_crit_water = 647.096;   // K: no saturation above
+inline constexpr double p_crit_water = 22.064e6;  // Pa
+inline constexpr double derivative_step = 1e-3;   // K, step of the numerical derivatives
+inline constexpr double t_dew_max = 647.0;        // K, upper end of the dew-point search, below the critical point
+
+const double no_value = std::numeric_limits<double>::quiet_NaN();
+
+// Saturation pressure of the condensing water as the model forms it (IF97
+// above the triple point, the sublimation line below), Pa; NaN above the
+// critical temperature.
+double saturation_pressure(od::Context& c, double t) {
+    const double ps = od::h2o::core::h2o(c.water, 'T', t, 'X', 0.5, "P.");
+    return od::basefuncs::isinit(ps) ? no_value : ps;
+}
+
+double gas_moles(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    return m.all_gas > 0.0 ? td::x_gas(c, p, t, m.rows) : 0.0;
+}
+
+double condensed_moles(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    return m.all_gas > 0.0 ? m.all_gas - td::x_gas(c, p, t, m.rows) : 0.0;
+}
+
+// Dew point: where the saturation pressure reaches the partial pressure the
+// water would have with none of it condensed. The model's water condenses
+// only from the triple point up (below it the saturation pressure it uses is
+// out of reach on purpose), so the dew point is searched there.
+double dew_point(od::Context& c, const detail::MixtureData& m, double p) {
+    if (!(m.water > 0.0)) return no_value;
+    const double p_water = p * m.water / m.all_gas;
+    if (!(p_water < p_crit_water)) return no_value;
+    const auto f = [&](double t) { return saturation_pressure(c, t) - p_water; };
+    const od::search::Root r =
+        od::search::find_root(f, std::max(m.t_min, t_triple), std::min(m.t_max, t_dew_max), false, 2);
+    return r.outcome == od::search::Outcome::found ? r.x : no_value;
+}
+
+double relative_humidity(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    if (!(m.water > 0.0) || t > t_crit_water) return no_value;
+    const double gas = gas_moles(c, m, p, t);
+    const double vapour = m.water - condensed_moles(c, m, p, t);
+    return p * (vapour / gas) / saturation_pressure(c, t);
+}
+
+// Speed of sound and isentropic exponent of the gas phase: the ideal-gas
+// terms of its components (the vapour of "H2O(IF)" with the "H2O" row), the
+// composition frozen.
+struct Sound {
+    double w, kappa;
+};
+Sound gas_sound(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    const double vapour = m.water > 0.0 ? m.water - condensed_moles(c, m, p, t) : 0.0;
+    double n = 0.0, cp = 0.0, mass = 0.0;
+    bool water_seen = false;
+    for (const od::Component& comp : m.comps) {
+        if (comp.phase != 'G' || !(comp.conc > od::thermodyn::negligible)) continue;
+        double moles = comp.conc;
+        const od::fluiddata::TableRow* row = comp.row;
+        if (comp.water_if) {
+            moles = water_seen ? 0.0 : vapour;  // the first entry carries the water, as in the sums
+            water_seen = true;
+            row = m.rows.water.gas;
+        }
+        n += moles;
+        cp += moles * od::component::cp_of(od::component::coefs(row, t), t);
+        mass += moles * od::component::mmol(row);
+    }
+    if (!(n > 0.0)) return {no_value, no_value};
+    const double r = od::basefuncs::r_gas;
+    const double cp_molar = r * cp / n;
+    const double kappa = cp_molar / (cp_molar - r);
+    return {std::sqrt(kappa * r * t / (mass / n)), kappa};
+}
+
+// A derivative in temperature of f by differences of step derivative_step:
+// central, or one-sided from below within a step of a kink (the dew point,
+// the triple point), so that it is the derivative on the lower side there.
+template <class F>
+double temperature_derivative(F&& f, double t, double kink) {
+    const double h = derivative_step;
+    const bool near_kink = std::fabs(t - kink) < 2.0 * h || std::fabs(t - t_triple) < 2.0 * h;
+    if (near_kink) return (3.0 * f(t) - 4.0 * f(t - h) + f(t - 2.0 * h)) / (2.0 * h);
+    return (f(t + h) - f(t - h)) / (2.0 * h);
+}
+
+double cp_equilibrium(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    if (!m.condensing) return gas_state(m, p, t, {false, false, true}).cv + m.r_specific;
+    const auto h = [&](double x) { return td::h_pt(c, p, x, m.rows); };
+    return temperature_derivative(h, t, dew_point(c, m, p));
+}
+
+double cv_equilibrium(od::Context& c, const detail::MixtureData& m, double p, double t) {
+    if (!m.condensing) {
+        // Along the isochore p rises as T: (dp/dT)_v = p / T.
+        const GasState gs = gas_state(m, p, t, {false, false, true});
+        return gs.cv + m.r_specific - gs.v * p / t;
+    }
+    const double v = td::v_pt(c, p, t, m.rows);
+    const auto u = [&](double x) {
+        const od::search::Root pr = pressure_at(c, m, 'v', v, x);
+        return pr.outcome == od::search::Outcome::found ? quantity(c, m, 'u', pr.x, x) : no_value;
+    };
+    return temperature_derivative(u, t, dew_point(c, m, p));
+}
+
+double extended(od::Context& c, const detail::MixtureData& m, Property prop, double p, double t, double cv) {
+    switch (prop) {
+    case Property::cp: return cv + m.r_specific;
+    case Property::cp_eq: return cp_equilibrium(c, m, p, t);
+    case Property::cv_eq: return cv_equilibrium(c, m, p, t);
+    case Property::w: return gas_sound(c, m, p, t).w;
+    case Property::kappa: return gas_sound(c, m, p, t).kappa;
+    case Property::x_gas: return gas_moles(c, m, p, t);
+    case Property::x_condensed: return condensed_moles(c, m, p, t);
+    case Property::T_dew: return dew_point(c, m, p);
+    case Property::rh: return relative_humidity(c, m, p, t);
+    case Property::M: return m.molar_mass;
+    case Property::R: return m.r_specific;
+    default: return no_value;
+    }
+}
+
 // Property prop at (p, t); gs holds the gas state when the mixture has no
 // condensing water and prop is caloric or volumetric.
 double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop, double p, double t,
@@ -335,8 +462,10 @@ double evaluate_one(od::Context& c, const detail::MixtureData& m, Property prop,
     case Property::dCv_dT: return dv::dcv_dt(t, r);
     case Property::eta: return tr::eta_t(t, r, &m.wilke);
     case Property::lambda: return tr::lambda_pt(c, p, t, r, &m.wilke);
+    default: break;
     }
-    return std::nan("");
+    const double cv = prop == Property::cp ? (gs ? gs->cv : td::cv_pt(c, p, t, r)) : 0.0;
+    return extended(c, m, prop, p, t, cv);
 }
 
 }  // namespace
@@ -418,6 +547,12 @@ Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<c
     double all_gas = 0.0;
     for (const od::Component& c : d->comps)
         if (c.phase == 'G') all_gas += c.conc;
+    d->all_gas = all_gas;
+    for (const od::Component& c : d->comps)
+        if (c.water_if && c.conc > od::thermodyn::negligible) {
+            d->water = c.conc;
+            break;
+        }
     for (const od::Component& c : d->comps) {
         if (!(c.conc > od::thermodyn::negligible)) continue;
         if (c.phase == 'G') {
@@ -496,11 +631,15 @@ Result<double> property(Context& ctx, const Mixture& mix, const State& state, Pr
     if (s != Status::ok) return {0.0, s};
     if (static_cast<std::size_t>(prop) >= od::ondrel::property_names.size()) return {0.0, Status::unknown_property};
     const detail::MixtureData& m = mix.data();
+    double value;
     if (!m.condensing && caloric(prop)) {
         const GasState gs = gas_state(m, state.p, state.T, parts_of(prop));
-        return {evaluate_one(ctx.core(), m, prop, state.p, state.T, &gs), Status::ok};
+        value = evaluate_one(ctx.core(), m, prop, state.p, state.T, &gs);
+    } else {
+        value = evaluate_one(ctx.core(), m, prop, state.p, state.T, nullptr);
     }
-    return {evaluate_one(ctx.core(), m, prop, state.p, state.T, nullptr), Status::ok};
+    if (std::isnan(value)) return {value, Status::not_available};
+    return {value, Status::ok};
 }
 
 Status properties(Context& ctx, const Mixture& mix, const State& state, std::span<const Property> props,
@@ -520,9 +659,12 @@ Status properties(Context& ctx, const Mixture& mix, const State& state, std::spa
     }
     GasState gs{};
     if (gas) gs = gas_state(m, state.p, state.T, parts);
-    for (std::size_t k = 0; k < props.size(); ++k)
+    Status status = Status::ok;
+    for (std::size_t k = 0; k < props.size(); ++k) {
         out[k] = evaluate_one(ctx.core(), m, props[k], state.p, state.T, gas ? &gs : nullptr);
-    return Status::ok;
+        if (std::isnan(out[k])) status = Status::not_available;
+    }
+    return status;
 }
 
 Result<AllProperties> properties(Context& ctx, const Mixture& mix, const State& state) {

@@ -34,6 +34,8 @@ struct MixtureData {
     double mixing = 0.0;
     double condensed_volume = 0.0;
     od::transport::core::WilkeFactors wilke;  // pair terms of the mixing rules
+    double all_gas = 0.0;                     // moles of gas-phase components per mole of mixture
+    double water = 0.0;                       // moles of "H2O(IF)" per mole of mixture (its first entry)
 };
 
 }  // namespace detail

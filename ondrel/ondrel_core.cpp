@@ -129,7 +129,7 @@ using Evaluator = double (*)(Context& ctx, double p, double t, const MixtureRows
 using R = const MixtureRows&;
 namespace td = thermodyn::core;
 namespace dv = derivative;
-constexpr std::array<Evaluator, property_names.size()> evaluators = {
+constexpr std::array<Evaluator, legacy_property_count> evaluators = {
     [](Context&, double p, double, R) { return p * pa_to_bar; },
     [](Context&, double, double t, R) { return t - celsius_offset; },
     [](Context& c, double p, double t, R m) { return td::v_pt(c, p, t, m); },
@@ -158,7 +158,7 @@ double od_prop(std::string_view inputspec, double input1, double input2, int nco
         return missing_value;
     const std::string_view wanted = ftn::trim(outname);
     const State& s = state();
-    for (std::size_t i = 0; i < property_names.size(); ++i)
+    for (std::size_t i = 0; i < evaluators.size(); ++i)
         if (property_names[i] == wanted) return evaluators[i](default_context(), s.p, s.t, StoredRows(mix));
     errcode = err_unknown_property;
     return missing_value;

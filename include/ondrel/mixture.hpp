@@ -111,11 +111,30 @@ private:
 enum class Pair { PT, TP, Pv, Pd, Ph, Ps, Pu, Tv, Td, Th, Ts, Tu, vh, vs, vu, dh, ds, du, hs, su };
 inline constexpr int pair_count = 20;
 
-// The sixteen properties of the mixture model, in this order.
+// The properties of the mixture model: the sixteen of the exported routines,
+// in their order, then those of the modern API alone.
+//   cv        isochoric heat capacity with the phase amounts held, as the exported routines form it
+//             (one R per mole of mixture subtracted from the cp sum, however much is condensed)
+//   cp        isobaric heat capacity with the phase amounts held: cv + R/M
+//   cp_eq     (dh/dT) at constant p of the model's h, condensation included; at the dew point the
+//             derivative on the condensing side
+//   cv_eq     (du/dT) at constant v of the model's u, condensation included
+//   w         speed of sound of the gas phase (ideal gas, frozen composition, gas-table cp), m/s
+//   kappa     isentropic exponent of the gas phase, cp/cv of its ideal-gas terms
+//   x_gas     moles of gas phase (vapour included) per mole of mixture
+//   x_condensed  moles of condensed water per mole of mixture
+//   T_dew     dew point of "H2O(IF)" at the state's pressure, K (not_available without it, and
+//             where the water's partial pressure is below that of the triple point: the model's
+//             water condenses only from 273.16 K up)
+//   rh        relative humidity of the gas phase: vapour partial pressure / saturation pressure
+//             (not_available without "H2O(IF)" and above the critical temperature of water)
+//   M         molar mass of the mixture, kg/mol;  R  its gas constant R/M, J/(kg K)
 enum class Property {
-    P, T, v, d, h, s, u, cv, dP_dT, dP_dv, d2P_dT2, d2P_dv2, d2P_dTdv, dCv_dT, eta, lambda
+    P, T, v, d, h, s, u, cv, dP_dT, dP_dv, d2P_dT2, d2P_dv2, d2P_dTdv, dCv_dT, eta, lambda,
+    cp, cp_eq, cv_eq, w, kappa, x_gas, x_condensed, T_dew, rh, M, R
 };
-inline constexpr int property_count = 16;
+inline constexpr int property_count = 27;
+inline constexpr int legacy_property_count = 16;  // P to lambda: the properties of the exported routines
 
 // Names as the exported routines spell them: "PT", "Ph", ...; "h", "dP_dv", ...
 ONDREL_API Result<Pair> pair_from_name(std::string_view name);
@@ -134,7 +153,7 @@ struct State {
     bool not_unique = false;
 };
 
-// The sixteen properties of one state, SI units, in the order of Property.
+// The sixteen properties of the exported routines at one state, SI units, in the order of Property.
 struct AllProperties {
     double P, T, v, d, h, s, u, cv;
     double dP_dT, dP_dv, d2P_dT2, d2P_dv2, d2P_dTdv, dCv_dT, eta, lambda;

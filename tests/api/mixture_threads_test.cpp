@@ -26,7 +26,7 @@ std::vector<double> run_requests(const std::vector<ondrel::Mixture>& mixtures) {
             const ondrel::State base{1.01325e5, t};
             const auto all = ondrel::properties(ctx, mix, base);
             const double* v = &all.value.P;
-            out.insert(out.end(), v, v + ondrel::property_count);
+            out.insert(out.end(), v, v + ondrel::legacy_property_count);
             for (Pair pair : {Pair::Ph, Pair::Ps, Pair::Tv, Pair::vu, Pair::hs}) {
                 const std::string_view spec = ondrel::name(pair);
                 auto value = [&](char l) {
