@@ -576,7 +576,7 @@ bool Mixture::condensing() const { return data_ && data_->condensing; }
 
 // --- contexts --------------------------------------------------------------------
 
-Context::Context() : core_(std::make_unique<od::Context>()) {}
+Context::Context() : core_(std::make_unique<od::Context>()) { core_->water.direct = true; }
 Context::~Context() = default;
 Context::Context(Context&&) noexcept = default;
 Context& Context::operator=(Context&&) noexcept = default;

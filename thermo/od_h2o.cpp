@@ -8,6 +8,7 @@
 #include <string>
 
 #include "fluiddata/od_fluiddata.hpp"
+#include "if97/if97_state.hpp"
 #include "if97_adapter/if97_qv.hpp"
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_component.hpp"
@@ -156,6 +157,37 @@ double energy_like(const Env& e, const Quantity& q, Saved& sv, double xw, double
     return split_value(e, q, sv, xw, p, t, [&sv](double x) { return x / sv.r_h2o + sv.corr; });
 }
 
+// The gateway's IF97 values from the library's functions (MPa, K, kJ): the
+// saturation pressure at (T, x), the property at (p, T) or (p, x); the
+// missing-value marker where the adapter would leave it.
+double direct_value(char code1, double value1, char code2, double value2, std::string_view property) {
+    constexpr double pa_per_mpa = 1e6;
+    if (code1 == 'T' && code2 == 'X') {
+        const double p = if97::psat(value1);
+        return std::isfinite(p) ? p * pa_per_mpa / bar_to_pa : missing_value;  // bar, as the adapter gives it
+    }
+    if (code1 != 'P' || (code2 != 'T' && code2 != 'X')) return missing_value;
+    const double p = std::max(value1, p_triple) / pa_per_mpa;
+    if (code2 == 'T') {
+        if97::GibbsProperty q = if97::GibbsProperty::h;
+        if (property == q_s.prop) q = if97::GibbsProperty::s;
+        else if (property == q_cp.prop) q = if97::GibbsProperty::cp;
+        else if (property == q_v.prop) q = if97::GibbsProperty::v;
+        else if (property != q_h.prop) return missing_value;
+        const if97::ValueResult r = if97::property_pt(q, p, value2);
+        return r.error == if97::Error::none ? r.value : missing_value;
+    }
+    const if97::StateResult r = if97::state_px(p, value2);
+    if (r.error != if97::Error::none) return missing_value;
+    const if97::Properties& pr = r.state.props;
+    if (property == q_h.prop) return pr.h;
+    if (property == q_s.prop) return pr.s;
+    if (property == q_v.prop) return pr.v;
+    // Intended, as the adapter: no heat capacity of a wet mixture.
+    if (property == q_cp.prop && r.state.region != 4) return pr.cp;
+    return missing_value;
+}
+
 }  // namespace
 
 namespace core {
@@ -171,8 +203,12 @@ double h2o(State& st, char code1, double value1, char code2, double value2, std:
         }
         if (t < t_triple)
             result = sublimation_pressure(t);
+        else if (st.direct)
+            result = direct_value(code1, t, code2, value2, property);
         else
             result = if97_qv::if97_prop(st.adapter, "Tq", t - celsius_offset, value2, property, st.errmsg);
+    } else if (st.direct) {
+        result = direct_value(code1, value1, code2, value2, property);
     } else {
         double v1 = value1;
         double v2 = value2;

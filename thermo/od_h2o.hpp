@@ -31,6 +31,11 @@ struct State {
     double calcval = 0.0;      // last result of the gateway
     char inputspec[2] = {' ', ' '};
     if97_qv::State adapter;
+    // Ask the IF97 library's functions directly instead of through the
+    // adapter's text interface: the same states, the values equal to the
+    // last bits of the unit conversions, several times faster. The exported
+    // routines keep the adapter.
+    bool direct = false;
 };
 
 // The gas-table rows of "H2O" and "H2O(L)" whose terms carry the water
