@@ -3,6 +3,7 @@
 #include "ondrel/mixture.hpp"
 
 #include <algorithm>
+#include <cstdio>
 #include <cmath>
 #include <limits>
 #include <mutex>
@@ -603,7 +604,47 @@ std::string_view name(Property property) {
 
 // --- states and properties -------------------------------------------------------------
 
-Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2) {
+namespace {
+
+// The units of a pair letter's value.
+std::string_view unit_of(char letter) {
+    switch (letter) {
+    case 'P': return "Pa";
+    case 'T': return "K";
+    case 'v': return "m3/kg";
+    case 'd': return "kg/m3";
+    case 's': return "J/(kg K)";
+    default: return "J/kg";
+    }
+}
+
+std::string describe_failure(Status status, const Mixture& mix, std::string_view spec, double in1, double in2) {
+    char buf[256];
+    const std::string u1(unit_of(spec[0])), u2(unit_of(spec[1]));
+    const std::string pair(spec);
+    if (status == Status::no_solution || status == Status::outside_data_range)
+        std::snprintf(buf, sizeof buf, "no state between %g K and %g K reproduces %s = (%.17g %s, %.17g %s)",
+                      mix.t_min(), mix.t_max(), pair.c_str(), in1, u1.c_str(), in2, u2.c_str());
+    else
+        std::snprintf(buf, sizeof buf, "%s = (%.17g %s, %.17g %s): %s", pair.c_str(), in1, u1.c_str(), in2,
+                      u2.c_str(), std::string(message(status)).c_str());
+    return buf;
+}
+
+Result<State> solve_state(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2);
+
+}  // namespace
+
+Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2, std::string* detail) {
+    const Result<State> r = solve_state(ctx, mix, pair, in1, in2);
+    if (!r && detail && mix.valid() && static_cast<std::size_t>(pair) < od::ondrel::pair_names.size())
+        *detail = describe_failure(r.status, mix, od::ondrel::pair_names[static_cast<std::size_t>(pair)], in1, in2);
+    return r;
+}
+
+namespace {
+
+Result<State> solve_state(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2) {
     if (!mix.valid()) return {{}, Status::invalid_argument};
     const auto index = static_cast<std::size_t>(pair);
     if (index >= od::ondrel::pair_names.size()) return {{}, Status::unknown_pair};
@@ -625,6 +666,8 @@ Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, dou
         if (!reproduces(c, m, spec[static_cast<std::size_t>(k)], in[k], st.p, st.T)) return {st, Status::no_solution};
     return {st, Status::ok};
 }
+
+}  // namespace
 
 Result<double> property(Context& ctx, const Mixture& mix, const State& state, Property prop) {
     const Status s = check_state(mix, state);

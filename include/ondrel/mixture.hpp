@@ -171,7 +171,11 @@ struct AllProperties {
 // or infinite), non_positive_input (pressure, volume or density at or below
 // zero), pressure_undetermined ("Th", "Tu" without "H2O(IF)"), no_solution,
 // not_converged.
-ONDREL_API Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2);
+// detail (when given) receives, on failure, a sentence naming the pair, its
+// inputs and the data range, e.g. "no state between 200 K and 6000 K
+// reproduces Ph = (100000 Pa, 1e+12 J/kg)".
+ONDREL_API Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2,
+                               std::string* detail = nullptr);
 
 // One property at a state; all sixteen at once (one pass where they share work).
 // A temperature outside the mixture's data range [t_min, t_max] is refused

@@ -235,6 +235,9 @@ TEST(MixtureApi, InputFaultsAreNamedAndNeverSolved) {
         const auto st = ondrel::solve(ctx, mix, b.pair, b.a, b.b);
         EXPECT_EQ(st.status, b.want) << ondrel::name(b.pair) << " " << b.a << " " << b.b;
     }
+    std::string detail;
+    EXPECT_EQ(ondrel::solve(ctx, mix, Pair::Ph, 1e5, 1e12, &detail).status, Status::no_solution);
+    EXPECT_EQ(detail, "no state between 200 K and 6000 K reproduces Ph = (100000 Pa, 1000000000000 J/kg)");
     const ondrel::Mixture dry = make(cases()[1]);
     EXPECT_EQ(ondrel::solve(ctx, dry, Pair::Th, 300.0, 1e5).status, Status::pressure_undetermined);
     EXPECT_EQ(ondrel::solve(ctx, ondrel::Mixture{}, Pair::PT, 1e5, 300.0).status, Status::invalid_argument);
