@@ -147,7 +147,11 @@ double split_value(const Quantity& q, Saved& sv, double xw, double p, double t, 
     const double liq = condensed(q, p, t, s.f, s.p_sat, conv);
     // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
     if (s.f < 1.0) sv.vap = vapour(q, p, t, s, conv);
-    return (1.0 - s.f) * sv.vap + s.f * liq;
+    const double w = 1.0 - s.f;
+    // A term weighted by zero contributes zero, also when an earlier call saved
+    // an infinite or NaN vapour value (0 * inf would be NaN).
+    const double vap = (w == 0.0 && !std::isfinite(sv.vap)) ? 0.0 : sv.vap;
+    return w * vap + s.f * liq;
 }
 
 // h/R or s/R of the water, on the gas-table reference.
