@@ -8,6 +8,12 @@
 // molar mass in kg/mol; derivatives and transport properties in SI units.
 // A mixture is ncomp names with ncomp concentrations (mole fractions, used as
 // given); ncomp outside 0..250, or lists shorter than ncomp, fail with code 1.
+//
+// Bad input: a NaN or infinite input value of a pair that has to be solved
+// (every pair but "PT", "TP" and, without "H2O(IF)", "Pv", "Pd", "Tv",
+// "Td") gives code 5; a search that met a NaN never ends as a success (code
+// 5 or 4; see solver::solve_pair); the solved variable is then -8888.8. A
+// pair that is only converted passes a NaN through to the results, code 0.
 #pragma once
 #include <array>
 #include <span>
