@@ -34,6 +34,8 @@ struct FluidDataState {
     std::array<CompName, max_components> cmp{};
     std::array<double, max_components> cnc{};
     std::array<int, max_components + 2> idx{};
+    // Loads so far: callers that keep names checked against the table compare it.
+    unsigned generation = 0;
 };
 
 FluidDataState& state() {
@@ -129,6 +131,17 @@ bool read_line(std::FILE* in, std::string& line) {
     return true;
 }
 
+// A load is about to replace rows of the table: the stored composition and
+// its rows belong to the table as it was, so they are forgotten, and callers
+// that cache names see a new generation.
+void forget_composition() {
+    FluidDataState& s = state();
+    s.ncmp = 0;
+    s.cmp = {};
+    s.idx = {};
+    ++s.generation;
+}
+
 struct FileCloser {
     void operator()(std::FILE* f) const { std::fclose(f); }
 };
@@ -219,6 +232,8 @@ bool dbread() { return state().dbhasbeenread; }
 
 int table_size() { return state().ngas; }
 
+unsigned table_generation() { return state().generation; }
+
 const TableRow& table_row(int row) {
     static const TableRow empty{};
     if (row < 1 || row > max_components) return empty;
@@ -269,6 +284,7 @@ void readgasfile(std::string_view path) {
     std::FILE* in = file.get();
     std::string line;
     if (!read_line(in, line)) return;  // the header line carries nothing kept
+    forget_composition();
     FluidDataState& s = state();
     std::array<std::string, 3> coef_text;
     for (int i = 0; i < max_components; ++i) {
@@ -290,6 +306,7 @@ void readgasdb(std::string_view directory, std::string_view name) {
     const host::FluidRecord record = host::getfluid(directory, name);
     const int n = static_cast<int>(std::min<std::size_t>(record.lines.size(), record_lines));
     if (n == 0 || record.status == 0) return;
+    forget_composition();
     const auto line = [&](int i) {  // record line i (1-based), cut to the record width
         return std::string_view(record.lines[i - 1]).substr(0, record_width);
     };

@@ -9,6 +9,10 @@
 // A mixture is ncomp names with ncomp concentrations (mole fractions, used as
 // given); ncomp outside 0..250, or lists shorter than ncomp, fail with code 1.
 //
+// The calls keep the last mixture's names and the last solved state. When
+// the gas table is loaded anew (readgasfile, readgasdb), both are forgotten:
+// the next request checks its names against the new table and is solved.
+//
 // Bad input: a NaN or infinite input value of a pair that has to be solved
 // (every pair but "PT", "TP" and, without "H2O(IF)", "Pv", "Pd", "Tv",
 // "Td") gives code 5; a search that met a NaN never ends as a success (code

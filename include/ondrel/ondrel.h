@@ -49,7 +49,10 @@
  * State: the gas table is loaded on the first call from Ondrel.Dat in the
  * directory named by the environment variable ONDREL_FLUIDPATH (or the
  * build's default data directory). The last mixture and the last solved
- * state are kept between calls; one calling thread at a time.
+ * state are kept between calls; one calling thread at a time. A load of
+ * another table (readgasfile_, readgasdb_ of od_fluiddata.h) makes the next
+ * request check its names against that table and solve its state again.
+ * A failed request leaves nothing behind that changes a later answer.
  */
 #ifndef ONDREL_ONDREL_H
 #define ONDREL_ONDREL_H
