@@ -35,23 +35,23 @@ constexpr int pair(char first, char second) {
     return (static_cast<unsigned char>(first) << 8) | static_cast<unsigned char>(second);
 }
 
-// How a search treats values that are not numbers: the pair of a request
-// fails on them (solve_pair); the inner searches of the composed functions
-// run as plain brent, so that the outer search meets the values they always gave.
-enum class Search { checked, plain };
+// How a root is found: for the pair of a request NaNs fail (solve_pair);
+// the inner solutions of the composed functions run as plain brent, so that
+// the outer one meets the values they always gave.
+enum class Rooting { checked, plain };
 
 template <class F>
-double search(Search mode, F&& f, int which, double fixed, double target, double& lo, double& hi,
-              bool finite_inputs, const Mixture& mix, int& ierr) {
-    if (mode == Search::plain) return brent(f, which, fixed, target, lo, hi, solve_tol, mix, ierr);
+double root(Rooting mode, F&& f, int which, double fixed, double target, double& lo, double& hi,
+            bool finite_inputs, const Mixture& mix, int& ierr) {
+    if (mode == Rooting::plain) return brent(f, which, fixed, target, lo, hi, solve_tol, mix, ierr);
     return solve_pair(f, which, fixed, target, lo, hi, solve_tol, finite_inputs, mix, ierr);
 }
 
 // Pressure for "vu"/"du": u_pv(p, v) = u over p; with water present the
 // bracket is narrowed and the solution repeated while it fails.
-double p_from_vu(double v, double u, double lo, double hi, bool retry, bool finite_inputs, const Mixture& mix,
-                 int& ierr) {
-    double p = solve_pair(u_pv, 1, v, u, lo, hi, solve_tol, finite_inputs, mix, ierr);
+double p_from_vu(double v, double u, double lo, double hi, bool retry, Rooting mode, bool finite_inputs,
+                 const Mixture& mix, int& ierr) {
+    double p = root(mode, u_pv, 1, v, u, lo, hi, finite_inputs, mix, ierr);
     if (!retry) return p;
     // Intended: the loop reads the caller's ierr, which is not cleared before the
     // first solution, so an earlier failure makes the retry run anyway.
@@ -59,7 +59,7 @@ double p_from_vu(double v, double u, double lo, double hi, bool retry, bool fini
         lo *= vu_retry_lower_factor;
         hi *= vu_retry_upper_factor;
         ierr = 0;
-        p = solve_pair(u_pv, 1, v, u, lo, hi, solve_tol, finite_inputs, mix, ierr);
+        p = root(mode, u_pv, 1, v, u, lo, hi, finite_inputs, mix, ierr);
     }
     return p;
 }
@@ -88,9 +88,9 @@ bool has_water(const Mixture& mix) {
 
 namespace {
 
-// get_p with the search mode of the caller.
+// get_p, its roots found as mode says.
 double pressure(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr,
-                Search mode) {
+                Rooting mode) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'P') return input1 * bar_to_pa;
     if (second == 'P') return input2 * bar_to_pa;
@@ -101,7 +101,7 @@ double pressure(std::string_view inputspec, double input1, double input2, const 
     else if (first == 'd') hi = p_volume_coef * input1 / mixinfo::mmol(mix);
     const bool finite = std::isfinite(input1) && std::isfinite(input2);
     const auto solve = [&](auto f, double fixed, double target) {
-        return search(mode, f, 1, fixed, target, lo, hi, finite, mix, ierr);
+        return root(mode, f, 1, fixed, target, lo, hi, finite, mix, ierr);
     };
 
     const double t = input1 + celsius_offset;               // the "T" rows
@@ -135,10 +135,10 @@ double pressure(std::string_view inputspec, double input1, double input2, const 
         // get_t matches the entropy at the held volume.
         return solve(v_ps, e2, v);
     case pair('v', 'u'):
-        return p_from_vu(v, e2, lo, hi, has_water(mix), finite, mix, ierr);
+        return p_from_vu(v, e2, lo, hi, has_water(mix), mode, finite, mix, ierr);
     case pair('d', 'u'):
         // Intended: only "vu" retries; "du" solves once.
-        return p_from_vu(v, e2, lo, hi, false, finite, mix, ierr);
+        return p_from_vu(v, e2, lo, hi, false, mode, finite, mix, ierr);
     case pair('h', 's'):
         return solve(h_ps, e2, e1);
     case pair('s', 'u'):
@@ -149,9 +149,9 @@ double pressure(std::string_view inputspec, double input1, double input2, const 
     }
 }
 
-// get_t with the search mode of the caller.
+// get_t, its roots found as mode says.
 double temperature(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr,
-                   Search mode) {
+                   Rooting mode) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'T') return input1 + celsius_offset;
     if (second == 'T') return input2 + celsius_offset;
@@ -160,7 +160,7 @@ double temperature(std::string_view inputspec, double input1, double input2, con
     double hi = mixinfo::tmax(mix);
     const bool finite = std::isfinite(input1) && std::isfinite(input2);
     const auto solve = [&](auto f, int which, double fixed, double target) {
-        return search(mode, f, which, fixed, target, lo, hi, finite, mix, ierr);
+        return root(mode, f, which, fixed, target, lo, hi, finite, mix, ierr);
     };
 
     const double p = input1 * bar_to_pa;                    // the "P" rows
@@ -202,32 +202,32 @@ double temperature(std::string_view inputspec, double input1, double input2, con
 }  // namespace
 
 double get_p(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
-    return pressure(inputspec, input1, input2, mix, ierr, Search::checked);
+    return pressure(inputspec, input1, input2, mix, ierr, Rooting::checked);
 }
 
 double get_t(std::string_view inputspec, double input1, double input2, const Mixture& mix, int& ierr) {
-    return temperature(inputspec, input1, input2, mix, ierr, Search::checked);
+    return temperature(inputspec, input1, input2, mix, ierr, Rooting::checked);
 }
 
 // The inner solutions convert back to interface units because get_p and
 // get_t take them. Intended: their error code is dropped, and a failure value
-// (-8888.8 or 0.0) becomes the state variable; their searches are plain
-// brent, and the outer search judges what it meets.
+// (-8888.8 or 0.0) becomes the state variable; they run plain brent, and
+// the outer solution judges what it meets.
 double t_at_pv(double p, double v, const Mixture& mix) {
     int ignored = 0;
-    return temperature("Pv", p * pa_to_bar, v, mix, ignored, Search::plain);
+    return temperature("Pv", p * pa_to_bar, v, mix, ignored, Rooting::plain);
 }
 double p_at_tv(double t, double v, const Mixture& mix) {
     int ignored = 0;
-    return pressure("Tv", t - celsius_offset, v, mix, ignored, Search::plain);
+    return pressure("Tv", t - celsius_offset, v, mix, ignored, Rooting::plain);
 }
 double t_at_ps(double p, double s, const Mixture& mix) {
     int ignored = 0;
-    return temperature("Ps", p * pa_to_bar, s * j_to_kj, mix, ignored, Search::plain);
+    return temperature("Ps", p * pa_to_bar, s * j_to_kj, mix, ignored, Rooting::plain);
 }
 double p_at_ts(double t, double s, const Mixture& mix) {
     int ignored = 0;
-    return pressure("Ts", t - celsius_offset, s * j_to_kj, mix, ignored, Search::plain);
+    return pressure("Ts", t - celsius_offset, s * j_to_kj, mix, ignored, Rooting::plain);
 }
 
 double h_pv(double p, double v, const Mixture& mix) { return thermodyn::h_pt(p, t_at_pv(p, v, mix), mix); }

@@ -53,7 +53,7 @@ struct Mixture {
     }
 };
 
-// The two letters of a specification as the library reads them (a NUL ends the text).
+// The two letters of an input pair as the library reads them (a NUL ends the text).
 std::string letters(const std::string& spec) {
     std::string s(ftn::view(spec.data(), spec.size()).substr(0, 2));
     s.resize(2, ' ');
