@@ -78,7 +78,8 @@ LastState last_state();
 
 // Test hook: returns the module state to its load-time values (all zero) and
 // forgets which names were found in the gas table; call it whenever the gas
-// table is reset or reloaded.
+// table is reset with its own test hook (a load through readgasfile or
+// readgasdb is noticed without it).
 void reset_for_tests();
 
 }  // namespace od::ondrel
