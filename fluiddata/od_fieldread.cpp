@@ -90,11 +90,13 @@ std::optional<int> integer(std::string_view field) {
     bool negative = false;
     if (s[p] == '+' || s[p] == '-') negative = s[p++] == '-';
     if (p == s.size()) return std::nullopt;  // a sign needs digits
+    // The magnitudes a 32-bit integer holds: one more below zero than above.
+    const long long limit = negative ? 2147483648LL : 2147483647LL;
     long long value = 0;
     for (; p < s.size(); ++p) {
         if (!is_digit(s[p])) return std::nullopt;
         value = value * 10 + (s[p] - '0');
-        if (value > 2147483647LL) return std::nullopt;  // does not fit a 32-bit integer
+        if (value > limit) return std::nullopt;
     }
     return static_cast<int>(negative ? -value : value);
 }

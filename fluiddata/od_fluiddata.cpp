@@ -31,6 +31,8 @@ struct FluidDataState : Table {
     std::array<CompName, max_components> cmp{};
     std::array<double, max_components> cnc{};
     std::array<int, max_components + 2> idx{};
+    // Loads so far: callers that keep names checked against the table compare it.
+    unsigned generation = 0;
 };
 
 FluidDataState& state() {
@@ -117,6 +119,17 @@ bool read_line(std::FILE* in, std::string& line) {
     }
     if (!cut && !line.empty() && line.back() == '\r') line.pop_back();
     return true;
+}
+
+// A load is about to replace rows of the table: the stored composition and
+// its rows belong to the table as it was, so they are forgotten, and callers
+// that cache names see a new generation.
+void forget_composition() {
+    FluidDataState& s = state();
+    s.ncmp = 0;
+    s.cmp = {};
+    s.idx = {};
+    ++s.generation;
 }
 
 struct FileCloser {
@@ -209,6 +222,8 @@ bool dbread() { return state().dbhasbeenread; }
 
 int table_size() { return state().ngas; }
 
+unsigned table_generation() { return state().generation; }
+
 const TableRow& table_row(int row) {
     static const TableRow empty{};
     if (row < 1 || row > max_components) return empty;
@@ -254,25 +269,27 @@ Source configured_source() {
     return {std::string(trim_right(host::fluidpath(library_name))), host::gas_source() == host::GasSource::database};
 }
 
-void read_table(const Source& source, Table& t) {
+void read_table(const Source& source, Table& t, void (*on_rows)()) {
     if (source.database)
-        read_table_db(source.directory, data_file_name, t);
+        read_table_db(source.directory, data_file_name, t, on_rows);
     else
-        read_table_file(source.file_path(), t);
+        read_table_file(source.file_path(), t, on_rows);
 }
 
 void readgas() {
     if (state().dbhasbeenread) return;
-    read_table(configured_source(), state());
+    read_table(configured_source(), state(), forget_composition);
     // Intended: marked loaded whatever the loader achieved; a failed load is not retried.
     setdbread();
 }
 
-void readgasfile(std::string_view path) { read_table_file(path, state()); }
+void readgasfile(std::string_view path) { read_table_file(path, state(), forget_composition); }
 
-void readgasdb(std::string_view directory, std::string_view name) { read_table_db(directory, name, state()); }
+void readgasdb(std::string_view directory, std::string_view name) {
+    read_table_db(directory, name, state(), forget_composition);
+}
 
-void read_table_file(std::string_view path, Table& s) {
+void read_table_file(std::string_view path, Table& s, void (*on_rows)()) {
     // Only a regular file is read: a device or pipe could deliver one endless line.
     std::error_code ec;
     if (!std::filesystem::is_regular_file(std::filesystem::path(path), ec)) return;
@@ -281,6 +298,7 @@ void read_table_file(std::string_view path, Table& s) {
     std::FILE* in = file.get();
     std::string line;
     if (!read_line(in, line)) return;  // the header line carries nothing kept
+    if (on_rows) on_rows();
     std::array<std::string, 3> coef_text;
     for (int i = 0; i < max_components; ++i) {
         if (!read_line(in, line)) return;  // end of file: the table holds i rows
@@ -297,10 +315,11 @@ void read_table_file(std::string_view path, Table& s) {
     }
 }
 
-void read_table_db(std::string_view directory, std::string_view name, Table& s) {
+void read_table_db(std::string_view directory, std::string_view name, Table& s, void (*on_rows)()) {
     const host::FluidRecord record = host::getfluid(directory, name);
     const int n = static_cast<int>(std::min<std::size_t>(record.lines.size(), record_lines));
     if (n == 0 || record.status == 0) return;
+    if (on_rows) on_rows();
     const auto line = [&](int i) {  // record line i (1-based), cut to the record width
         return std::string_view(record.lines[i - 1]).substr(0, record_width);
     };

@@ -64,9 +64,11 @@ struct Table {
     std::array<std::uint64_t, max_components> name_key{};  // rows[j].name.key(), scanned by lookups
 };
 // Fills t from the gas data file at path (as readgasfile) or from the fluid
-// database record `name` in `directory` (as readgasdb).
-void read_table_file(std::string_view path, Table& t);
-void read_table_db(std::string_view directory, std::string_view name, Table& t);
+// database record `name` in `directory` (as readgasdb). on_rows, when
+// given, is called once the source turns out to hold rows, before they
+// replace t's.
+void read_table_file(std::string_view path, Table& t, void (*on_rows)() = nullptr);
+void read_table_db(std::string_view directory, std::string_view name, Table& t, void (*on_rows)() = nullptr);
 // 0-based slot of the first row of t named `name`, or -1.
 int find_row(const Table& t, const CompName& name);
 // The configured source of the gas data: the fluid path's directory and
@@ -78,9 +80,12 @@ struct Source {
 };
 Source configured_source();
 // Loads t from the configured source.
-void read_table(const Source& source, Table& t);
+void read_table(const Source& source, Table& t, void (*on_rows)() = nullptr);
 
 int table_size();                // ngas
+// Number of loads that have changed the table so far (0 before the first);
+// a cache of names checked against the table is valid while this stays the same.
+unsigned table_generation();
 const TableRow& table_row(int row);  // row 1..250; an all-zero row outside
 
 // The table row the getters read for a stored component (or "H2O" / "H2O(L)"),
@@ -110,8 +115,13 @@ double stored_conc(int i);             // cnc(i): never written, always 0.0
 void readgas();
 // Fills the table from the gas data file at path; a path that is not a
 // regular file (missing, a directory, a device) reads nothing.
+// A load that reads rows (a file with its header line, a record with at
+// least one line) first forgets the stored composition (count 0, no names,
+// no rows) and starts a new table_generation(): a request after it checks
+// its names against the new table and stores their new rows.
 void readgasfile(std::string_view path);
-// Fills the table from the fluid database record `name` in `directory`.
+// Fills the table from the fluid database record `name` in `directory`;
+// forgets the stored composition as readgasfile does.
 void readgasdb(std::string_view directory, std::string_view name);
 
 // Test hook: returns the table and the stored composition to their load-time

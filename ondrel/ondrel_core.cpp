@@ -36,6 +36,10 @@ struct State {
     // The last list of names found in the gas table (spares the table search).
     std::array<CompName, max_components> known{};
     std::size_t n_known = 0;
+    // The table generation the names and the last state were checked against;
+    // -1 until the first request has seen the loaded table.
+    long long table = -1;
+    bool state_reusable = true;  // p and t above may serve a repeated request
 };
 
 State& state() {
@@ -53,8 +57,8 @@ bool same_concentrations(const Mixture& mix) {
     return true;
 }
 
-// Every name is a gas table row. The table does not change once loaded, so a
-// list that passed before passes again and is not searched a second time.
+// Every name is a gas table row. A list that passed before passes again and
+// is not searched a second time, as long as the table is not loaded anew.
 bool all_known(const Mixture& mix) {
     State& s = state();
     if (std::ranges::equal(mix.names, std::span<const CompName>(s.known.data(), s.n_known))) return true;
@@ -65,9 +69,19 @@ bool all_known(const Mixture& mix) {
     return true;
 }
 
-// Loads the gas table on the first call, whatever else the call asks.
+// Loads the gas table on the first call, whatever else the call asks. After
+// a later load of another table the names found and the last state are
+// forgotten: the names are checked again and the state is solved again.
 void load_table() {
     if (!fluiddata::dbread()) fluiddata::readgas();
+    State& s = state();
+    const long long generation = fluiddata::table_generation();
+    if (s.table == generation) return;
+    if (s.table >= 0) {
+        s.n_known = 0;
+        s.state_reusable = false;
+    }
+    s.table = generation;
 }
 
 // Runs the composition test (count, names and concentrations equal to the
@@ -109,9 +123,10 @@ bool prepare_state(std::string_view inputspec, double input1, double input2, int
     }
     State& s = state();
     const std::array<char, 2> spec = solver::spec_letters(inputspec);
-    if (c == Composition::same && spec == s.od_inputspec && input1 == s.od_input1 &&
+    if (c == Composition::same && s.state_reusable && spec == s.od_inputspec && input1 == s.od_input1 &&
         input2 == s.od_input2)
         return true;  // the stored p and t
+    s.state_reusable = true;
     s.od_inputspec = spec;
     s.od_input1 = input1;
     s.od_input2 = input2;

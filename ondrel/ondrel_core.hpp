@@ -8,6 +8,16 @@
 // molar mass in kg/mol; derivatives and transport properties in SI units.
 // A mixture is ncomp names with ncomp concentrations (mole fractions, used as
 // given); ncomp outside 0..250, or lists shorter than ncomp, fail with code 1.
+//
+// The calls keep the last mixture's names and the last solved state. When
+// the gas table is loaded anew (readgasfile, readgasdb), both are forgotten:
+// the next request checks its names against the new table and is solved.
+//
+// Bad input: a NaN or infinite input value of a pair that has to be solved
+// (every pair but "PT", "TP" and, without "H2O(IF)", "Pv", "Pd", "Tv",
+// "Td") gives code 5; a search that met a NaN never ends as a success (code
+// 5 or 4; see solver::solve_pair); the solved variable is then -8888.8. A
+// pair that is only converted passes a NaN through to the results, code 0.
 #pragma once
 #include <array>
 #include <span>
@@ -68,7 +78,8 @@ LastState last_state();
 
 // Test hook: returns the module state to its load-time values (all zero) and
 // forgets which names were found in the gas table; call it whenever the gas
-// table is reset or reloaded.
+// table is reset with its own test hook (a load through readgasfile or
+// readgasdb is noticed without it).
 void reset_for_tests();
 
 }  // namespace od::ondrel

@@ -2,6 +2,8 @@
 // property functions that the pair solutions match.
 #include "solver/od_solver.hpp"
 
+#include <cmath>
+
 #include "fluiddata/od_fluiddata.hpp"
 #include "thermo/od_units.hpp"
 #include "thermo/od_basefuncs.hpp"
@@ -47,11 +49,23 @@ auto on(Context& ctx, CoreFn f) {
     return [&ctx, f](double x1, double x2, const MixtureRows& mix) { return f(ctx, x1, x2, mix); };
 }
 
+// How a root is found: for the pair of a request NaNs fail (solve_pair);
+// the inner solutions of the composed functions run as plain brent, so that
+// the outer one meets the values they always gave.
+enum class Rooting { checked, plain };
+
+template <class F>
+double root(Rooting mode, F&& f, int which, double fixed, double target, double& lo, double& hi,
+            bool finite_inputs, const MixtureRows& mix, int& ierr) {
+    if (mode == Rooting::plain) return brent(f, which, fixed, target, lo, hi, solve_tol, mix, ierr);
+    return solve_pair(f, which, fixed, target, lo, hi, solve_tol, finite_inputs, mix, ierr);
+}
+
 // Pressure for "vu"/"du": u_pv(p, v) = u over p; with water present the
 // bracket is narrowed and the solution repeated while it fails.
-double p_from_vu(Context& ctx, double v, double u, double lo, double hi, bool retry, const MixtureRows& mix,
-                 int& ierr) {
-    double p = brent(on(ctx, u_pv), 1, v, u, lo, hi, solve_tol, mix, ierr);
+double p_from_vu(Context& ctx, double v, double u, double lo, double hi, bool retry, Rooting mode,
+                 bool finite_inputs, const MixtureRows& mix, int& ierr) {
+    double p = root(mode, on(ctx, u_pv), 1, v, u, lo, hi, finite_inputs, mix, ierr);
     if (!retry) return p;
     // Intended: the loop reads the caller's ierr, which is not cleared before the
     // first solution, so an earlier failure makes the retry run anyway.
@@ -59,7 +73,7 @@ double p_from_vu(Context& ctx, double v, double u, double lo, double hi, bool re
         lo *= vu_retry_lower_factor;
         hi *= vu_retry_upper_factor;
         ierr = 0;
-        p = brent(on(ctx, u_pv), 1, v, u, lo, hi, solve_tol, mix, ierr);
+        p = root(mode, on(ctx, u_pv), 1, v, u, lo, hi, finite_inputs, mix, ierr);
     }
     return p;
 }
@@ -94,9 +108,11 @@ bool has_water(const MixtureRows& mix) {
 }
 
 namespace core {
+namespace {
 
-double get_p(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
-             int& ierr) {
+// get_p, its roots found as mode says.
+double pressure(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+                int& ierr, Rooting mode) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'P') return input1 * bar_to_pa;
     if (second == 'P') return input2 * bar_to_pa;
@@ -105,8 +121,9 @@ double get_p(Context& ctx, std::string_view inputspec, double input1, double inp
     double hi = p_upper;
     if (first == 'v') hi = p_volume_coef / (input1 * mixinfo::mmol(mix));
     else if (first == 'd') hi = p_volume_coef * input1 / mixinfo::mmol(mix);
+    const bool finite = std::isfinite(input1) && std::isfinite(input2);
     const auto solve = [&](CoreFn f, double fixed, double target) {
-        return brent(on(ctx, f), 1, fixed, target, lo, hi, solve_tol, mix, ierr);
+        return root(mode, on(ctx, f), 1, fixed, target, lo, hi, finite, mix, ierr);
     };
 
     const double t = input1 + celsius_offset;               // the "T" rows
@@ -140,10 +157,10 @@ double get_p(Context& ctx, std::string_view inputspec, double input1, double inp
         // get_t matches the entropy at the held volume.
         return solve(v_ps, e2, v);
     case pair('v', 'u'):
-        return p_from_vu(ctx, v, e2, lo, hi, has_water(mix), mix, ierr);
+        return p_from_vu(ctx, v, e2, lo, hi, has_water(mix), mode, finite, mix, ierr);
     case pair('d', 'u'):
         // Intended: only "vu" retries; "du" solves once.
-        return p_from_vu(ctx, v, e2, lo, hi, false, mix, ierr);
+        return p_from_vu(ctx, v, e2, lo, hi, false, mode, finite, mix, ierr);
     case pair('h', 's'):
         return solve(h_ps, e2, e1);
     case pair('s', 'u'):
@@ -154,16 +171,18 @@ double get_p(Context& ctx, std::string_view inputspec, double input1, double inp
     }
 }
 
-double get_t(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
-             int& ierr) {
+// get_t, its roots found as mode says.
+double temperature(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+                   int& ierr, Rooting mode) {
     const auto [first, second] = spec_letters(inputspec);
     if (first == 'T') return input1 + celsius_offset;
     if (second == 'T') return input2 + celsius_offset;
 
     double lo = t_lower;
     double hi = mixinfo::tmax(mix);
+    const bool finite = std::isfinite(input1) && std::isfinite(input2);
     const auto solve = [&](CoreFn f, int which, double fixed, double target) {
-        return brent(on(ctx, f), which, fixed, target, lo, hi, solve_tol, mix, ierr);
+        return root(mode, on(ctx, f), which, fixed, target, lo, hi, finite, mix, ierr);
     };
 
     const double p = input1 * bar_to_pa;                    // the "P" rows
@@ -202,24 +221,37 @@ double get_t(Context& ctx, std::string_view inputspec, double input1, double inp
     }
 }
 
+}  // namespace
+
+double get_p(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr) {
+    return pressure(ctx, inputspec, input1, input2, mix, ierr, Rooting::checked);
+}
+
+double get_t(Context& ctx, std::string_view inputspec, double input1, double input2, const MixtureRows& mix,
+             int& ierr) {
+    return temperature(ctx, inputspec, input1, input2, mix, ierr, Rooting::checked);
+}
+
 // The inner solutions convert back to interface units because get_p and
 // get_t take them. Intended: their error code is dropped, and a failure value
-// (-8888.8 or 0.0) becomes the state variable.
+// (-8888.8 or 0.0) becomes the state variable; they run plain brent, and
+// the outer solution judges what it meets.
 double t_at_pv(Context& ctx, double p, double v, const MixtureRows& mix) {
     int ignored = 0;
-    return get_t(ctx, "Pv", p * pa_to_bar, v, mix, ignored);
+    return temperature(ctx, "Pv", p * pa_to_bar, v, mix, ignored, Rooting::plain);
 }
 double p_at_tv(Context& ctx, double t, double v, const MixtureRows& mix) {
     int ignored = 0;
-    return get_p(ctx, "Tv", t - celsius_offset, v, mix, ignored);
+    return pressure(ctx, "Tv", t - celsius_offset, v, mix, ignored, Rooting::plain);
 }
 double t_at_ps(Context& ctx, double p, double s, const MixtureRows& mix) {
     int ignored = 0;
-    return get_t(ctx, "Ps", p * pa_to_bar, s * j_to_kj, mix, ignored);
+    return temperature(ctx, "Ps", p * pa_to_bar, s * j_to_kj, mix, ignored, Rooting::plain);
 }
 double p_at_ts(Context& ctx, double t, double s, const MixtureRows& mix) {
     int ignored = 0;
-    return get_p(ctx, "Ts", t - celsius_offset, s * j_to_kj, mix, ignored);
+    return pressure(ctx, "Ts", t - celsius_offset, s * j_to_kj, mix, ignored, Rooting::plain);
 }
 
 using thermodyn::core::h_pt;

@@ -36,7 +36,9 @@ inline constexpr double twice_epsilon = 4.440892098500626e-16;  // 2 * DBL_EPSIL
 // root. tol bounds both the residual at the two ends (steps 1 and 2) and,
 // halved, the step on x. Failures: ierr = 5 and -8888.8 when the ends give
 // residuals of one strict sign (a, b unchanged); ierr = 4 and 0.0 after 100
-// loop evaluations. ierr is written only on failure.
+// loop evaluations. ierr is written only on failure. A NaN residual has no
+// sign: brent goes on with it and may return a point next to it with no
+// code; solve_pair catches that case, brent alone does not.
 // f is any callable f(double, double, const M&) -> double; mix is handed to it unread.
 template <class F, class M>
 double brent(F&& f, int which, double fixed, double target, double& a, double& b,
@@ -109,6 +111,47 @@ double brent(F&& f, int which, double fixed, double target, double& a, double& b
         }
     }
 }
+
+// brent as the input pairs use it, with two failures brent itself does not
+// see. Given values that are not all finite (finite_inputs false) lie in no
+// bracket: ierr = 5 and -8888.8, f not evaluated. A search that met a NaN
+// residual and that brent reports as a success has found no root, only the
+// edge of a region where f is not a number: ierr = 5 when the NaN was at
+// one of the two ends (a and b are then put back as they were given), 4
+// when it was inside (a and b the last two iterates); -8888.8 both times.
+// A search that brent itself ends with a failure keeps brent's code and
+// result, and one without a NaN is brent's, bit for bit.
+template <class F, class M>
+double solve_pair(F&& f, int which, double fixed, double target, double& a, double& b, double tol,
+                  bool finite_inputs, const M& mix, int& ierr) {
+    if (!finite_inputs) {
+        ierr = err_not_bracketed;
+        return missing_value;
+    }
+    const double a_given = a, b_given = b;
+    int evaluations = 0;
+    int nan_at = 0;  // the evaluation that gave the first NaN residual; 0: none
+    auto watched = [&](double x1, double x2, const M& m) {
+        const double y = f(x1, x2, m);
+        ++evaluations;
+        if (nan_at == 0 && std::isnan(y - target)) nan_at = evaluations;
+        return y;
+    };
+    int code = 0;
+    const double x = brent(watched, which, fixed, target, a, b, tol, mix, code);
+    if (code != 0) {
+        ierr = code;
+        return x;
+    }
+    if (nan_at == 0) return x;
+    if (nan_at <= 2) {
+        a = a_given;
+        b = b_given;
+    }
+    ierr = nan_at <= 2 ? err_not_bracketed : err_not_converged;
+    return missing_value;
+}
+
 
 // Makes mix the stored composition of the gas table (loading the table
 // first), which the state functions look their components up in; false, and

@@ -141,7 +141,11 @@ double split_value(const Env& e, const Quantity& q, Saved& sv, double xw, double
     const double liq = condensed(e, q, p, t, s.f, s.p_sat, conv);
     // Intended: with no vapour the saved vapour value of an earlier call is weighted by zero.
     if (s.f < 1.0) sv.vap = vapour(e, q, p, t, s, conv);
-    return (1.0 - s.f) * sv.vap + s.f * liq;
+    const double w = 1.0 - s.f;
+    // A term weighted by zero contributes zero, also when an earlier call saved
+    // an infinite or NaN vapour value (0 * inf would be NaN).
+    const double vap = (w == 0.0 && !std::isfinite(sv.vap)) ? 0.0 : sv.vap;
+    return w * vap + s.f * liq;
 }
 
 // h/R or s/R of the water, on the gas-table reference.

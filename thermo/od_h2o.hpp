@@ -66,6 +66,11 @@ WaterRows stored_water_rows();
 // Pa, K, J/kg, J/(kg K) or m3/kg; -8888.8 where no value exists.
 double h2o(char code1, double value1, char code2, double value2, std::string_view property);
 
+// The four property functions split the water into a condensed part f and
+// a vapour part 1 - f. h, s and cp keep the vapour value of their last call
+// with vapour and use it, weighted by zero, when all the water is condensed;
+// a zero weight always gives a zero term, so a saved value that is not
+// finite (from an absurd earlier request) never reaches a later result.
 double h_h2o(double xw, double p, double t);    // h/R, K
 double s_h2o(double xw, double p, double t);    // s/R
 double cp_h2o(double xw, double p, double t);   // cp/R

@@ -73,9 +73,13 @@ int32_t dbread_(void);   /* 1 when the table has been loaded or loading was atte
  * also when nothing could be read. */
 void readgas_(void);
 /* Fills the table from the gas data file at path (256 characters); a path
- * that is not a regular file (missing, a directory, a device) reads nothing. */
+ * that is not a regular file (missing, a directory, a device) reads nothing.
+ * A load that reads rows (the file has its header line; the record has a
+ * line) forgets the stored composition first: the next mixture request
+ * checks its names against the new table and stores their new rows. */
 void readgasfile_(const char* path, size_t path_len);
-/* Fills the table from the fluid database record name in directory. */
+/* Fills the table from the fluid database record name in directory; forgets
+ * the stored composition as readgasfile_ does. */
 void readgasdb_(const char* directory, const char* name, size_t directory_len, size_t name_len);
 
 /* --- platform functions -----------------------------------------------------

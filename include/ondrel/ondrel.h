@@ -29,13 +29,18 @@
  *   1  unknown component (or a count outside 0..250): results -8888.8
  *   2  unknown input specification
  *   3  unknown property name: result -8888.8
- *   4  the solution did not converge within 100 iterations
- *   5  the given value is not reached anywhere in the solver's bracket
+ *   4  the solution did not converge within 100 iterations, or it met a
+ *      value that is not a number inside its bracket and found no root
+ *   5  the given value is not reached anywhere in the solver's bracket; also
+ *      a NaN or infinite input to a pair that is solved, and a search that
+ *      met a value that is not a number at an end of its bracket
  *   6  unknown information name: result -8888.8
  *   7  "Th" or "Tu" for a mixture without "H2O(IF)": an ideal gas's enthalpy
  *      and internal energy do not fix its pressure
  * With codes 2, 4, 5 and 7 the properties are evaluated at whatever state the
  * solution gave (pressure or temperature 0.0 or -8888.8): test errcode.
+ * Pairs that need no solution ("PT", "TP", and "Pv", "Pd", "Tv", "Td" without
+ * "H2O(IF)") only convert their inputs: a NaN input gives NaN results, code 0.
  *
  * Input specifications: "PT", "TP", "Pv", "Pd", "Ph", "Ps", "Pu", "Tv",
  * "Td", "Th", "Ts", "Tu", "vh", "vs", "vu", "dh", "ds", "du", "hs", "su",
@@ -44,7 +49,10 @@
  * State: the gas table is loaded on the first call from Ondrel.Dat in the
  * directory named by the environment variable ONDREL_FLUIDPATH (or the
  * build's default data directory). The last mixture and the last solved
- * state are kept between calls; one calling thread at a time.
+ * state are kept between calls; one calling thread at a time. A load of
+ * another table (readgasfile_, readgasdb_ of od_fluiddata.h) makes the next
+ * request check its names against that table and solve its state again.
+ * A failed request leaves nothing behind that changes a later answer.
  */
 #ifndef ONDREL_ONDREL_H
 #define ONDREL_ONDREL_H
@@ -135,7 +143,12 @@ typedef double (*od_property_fn)(const double *p, const double *t, const int32_t
  *   ierr       in/out: written only on failure, never cleared: 1 unknown
  *              component (-8888.8), 2 unknown input specification (0.0), 4 no
  *              convergence (0.0), 5 not bracketed (-8888.8), 7 "Th" or "Tu"
- *              without "H2O(IF)" (get_p_ only, 0.0)
+ *              without "H2O(IF)" (get_p_ only, 0.0). A pair that is solved
+ *              fails with 5 and -8888.8 on a NaN or infinite input, and a
+ *              search that met a NaN is never a success: 5 (NaN at an end
+ *              of the bracket) or 4 (inside) and -8888.8, unless the search
+ *              failed anyway (its own code and value). brent_ alone does
+ *              not check.
  */
 double get_p_(const char *inputspec, const double *input1, const double *input2,
               const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,

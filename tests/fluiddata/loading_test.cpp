@@ -1,5 +1,6 @@
 // Fixed-column fields, and loading the gas table from the gas data file and from the fluid database.
 #include <cmath>
+#include <functional>
 #include <iterator>
 #include <random>
 #include <tuple>
@@ -154,6 +155,41 @@ TEST_F(GasTest, TheTableIsLoadedOnceFromTheConfiguredSourceEvenWhenThatFails) {
     EXPECT_FALSE(fd::iscomp(CompName::from("G1")));  // not retried
     reset();
     EXPECT_EQ(fd::iscomp(CompName::from("G2")) + fd::iscomp(CompName::from("G3")), 1);
+}
+
+TEST_F(GasTest, ALoadThatReadsRowsForgetsTheStoredCompositionFromEitherSource) {
+    // G1..G3 stored from one table; another table has G3 first, and H2O rows.
+    const std::vector<CompName> mix = {CompName::from("G1"), CompName::from("G3")};
+    const std::string other = gasfiles::blocks(4, {"G3", "H2O", "H2O(L)", "G1"});
+    struct Source { std::string name; std::function<void()> load; };
+    const Source sources[] = {
+        {"file", [&] { load_text(other); }},
+        {"database", [&] {
+             od::host::set_hooks({}, [&](std::string_view, std::string_view) {
+                 return od::host::FluidRecord{od::fluiddb::split_lines(other), 1};
+             });
+             fd::readgasdb(dir(), "Ondrel.Dat");
+         }},
+    };
+    for (const Source& source : sources) {
+        SCOPED_TRACE(source.name);
+        reset();
+        load_text(gasfiles::blocks(3));
+        fd::storeidx(mix);
+        ASSERT_EQ(fd::getstoredidx(mix[1]), 3);
+        const unsigned generation = fd::table_generation();
+        fd::readgasfile(file("missing.dat"));  // reads nothing: the composition stays
+        EXPECT_EQ((std::tuple{fd::stored_count(), fd::table_generation()}), (std::tuple{2, generation}));
+        source.load();
+        EXPECT_EQ(fd::table_generation(), generation + 1);
+        EXPECT_EQ(fd::stored_count(), 0);
+        EXPECT_FALSE(fd::same_as_stored(mix));
+        EXPECT_EQ(fd::getstoredidx(mix[1]), od::missing_row);  // not row 3 of the old table
+        EXPECT_EQ(fd::getmmol(mix[0]), od::missing_value);
+        fd::storeidx(mix);
+        EXPECT_EQ((std::tuple{fd::getstoredidx(mix[0]), fd::getstoredidx(mix[1])}), (std::tuple{4, 1}));
+        EXPECT_EQ(fd::getstoredidx(CompName::from("H2O")), 2);
+    }
 }
 
 TEST(GasDataFile, EveryRowReadsBackToTheValuesWritten) {

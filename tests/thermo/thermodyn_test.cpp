@@ -1,6 +1,9 @@
 // Component functions, mixture sums at given (p, T), molar mass and limits,
 // pressure derivatives, and the condensing water "H2O(IF)": the IF97 gateway,
 // the condensed fraction and the branches at 273.16 K and 1073.15 K.
+#include <bit>
+#include <cstdint>
+
 #include "thermo/od_basefuncs.hpp"
 #include "thermo/od_derivative.hpp"
 #include "thermo/od_h2o.hpp"
@@ -162,6 +165,24 @@ TEST_F(Water, CondensedWaterHasItsTabulatedStandardEntropy) {
         return;
     }
     FAIL() << "no H2O(L) row in standard_entropy_298.csv";
+}
+
+TEST_F(Water, AllCondensedWaterIgnoresAVapourValueSavedFromAnAbsurdState) {
+    // At 10 bar and 50 C pure water is all liquid: the saved vapour value of
+    // the last call with vapour is weighted by zero. A finite saved value
+    // gives the liquid value bit for bit; an infinite or NaN one, left by an
+    // absurd temperature, must give the same and not 0 * inf = NaN.
+    const double p = 10e5, t = 323.15;
+    for (auto f : {w::h_h2o, w::s_h2o, w::cp_h2o}) {
+        (void)f(0.1, 1e5, 400.0);  // a finite saved vapour value
+        const double liquid = f(1.0, p, t);
+        ASSERT_TRUE(std::isfinite(liquid));
+        for (double absurd : {1e300, inf, qnan, -1e300}) {
+            const double saved = f(0.12, 1e5, absurd);
+            EXPECT_EQ(std::bit_cast<std::uint64_t>(f(1.0, p, t)), std::bit_cast<std::uint64_t>(liquid))
+                << absurd << " left " << saved;
+        }
+    }
 }
 
 using Robustness = LoadedTable;
