@@ -41,10 +41,21 @@
  * "Td", "Th", "Ts", "Tu", "vh", "vs", "vu", "dh", "ds", "du", "hs", "su",
  * each in exactly this letter order. First letter: quantity of input1.
  *
- * State: the gas table is loaded on the first call from Ondrel.Dat in the
- * directory named by the environment variable ONDREL_FLUIDPATH (or the
- * build's default data directory). The last mixture and the last solved
- * state are kept between calls; one calling thread at a time.
+ * State: the gas table is loaded on the first call, from Ondrel.Dat in the
+ * first of these directories that holds it:
+ *   1. the directory a host registered with ondrel_set_host_functions_
+ *      (ondrel/host.h), or else the one named by the environment variable
+ *      ONDREL_FLUIDPATH: when either is given, no other is tried;
+ *   2. share/ondrel beside the library: the installation's data directory
+ *      found from the location of libondrel.so itself (for a program linked
+ *      with libondrel.a: from the program's location), so that a moved
+ *      installation still finds its data;
+ *   3. the data directory configured when the library was built
+ *      (<prefix>/share/ondrel/).
+ * When none holds it, every request fails with code 1; fluiddb where, or
+ * ondrel::describe (ondrel/gas_data.hpp), tells where the library looked.
+ * The last mixture and the last solved state are kept between calls; one
+ * calling thread at a time.
  */
 #ifndef ONDREL_ONDREL_H
 #define ONDREL_ONDREL_H
