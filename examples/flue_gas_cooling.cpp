@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <string>
 
-#include "ondrel/od_thermo.h"
+#include "ondrel/ondrel.h"
 #include "ondrel/ondrel.hpp"
 
 namespace {

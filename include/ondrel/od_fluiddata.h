@@ -1,5 +1,14 @@
 /* Gas table of the mixture model and the platform functions it loads with,
- * in the host calling convention: every argument by reference; after the
+ * in the host calling convention.
+ *
+ * Not installed, and not exported from the libraries: the gas table and its
+ * loading are internal to the mixture model, and fluidpath and getfluid are
+ * the names of the host's own platform functions, which the library's
+ * built-in versions must not stand in for. A program lists the gas table
+ * with od_compset_ and od_info_ (ondrel/ondrel.h); a host registers its
+ * platform functions with ondrel_set_host_functions_ (ondrel/host.h). The
+ * routines below are kept in the host calling convention for the library's
+ * own tests. Conventions: every argument by reference; after the
  * listed arguments, one hidden size_t per text argument, in argument order,
  * giving its width (for an array of texts: the width of one element).
  * Texts are fixed-width and blank-padded; a C caller may also pass a

@@ -75,4 +75,15 @@ TEST(Examples, FlueGasCoolingPrintsTheTableDewPointAndChecks) {
     EXPECT_NE(out.find("checks: 0 table errors"), std::string::npos);
 }
 
+// The gas table as the exported routines list it: every row with its phase
+// from the name and the limits od_info_ gives for the row alone.
+TEST(Examples, GasTableListsEveryComponentWithItsPhaseAndLimits) {
+    const auto [out, status] = run(GAS_TABLE_EXE);
+    EXPECT_EQ(status, 0) << out;
+    EXPECT_NE(out.find("63 components\n"), std::string::npos) << out;
+    for (const char* row : {"\n1    N2           G       0.02801348     -73.15    5726.85\n",
+                            "AL2O3(S)     S", "SIO2(L)      L", "H2O(IF)      G"})
+        EXPECT_NE(out.find(row), std::string::npos) << row << "\n" << out;
+}
+
 }  // namespace
