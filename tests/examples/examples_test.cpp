@@ -86,4 +86,14 @@ TEST(Examples, GasTableListsEveryComponentWithItsPhaseAndLimits) {
         EXPECT_NE(out.find(row), std::string::npos) << row << "\n" << out;
 }
 
+// The README's programs: C, C++ and Fortran against the shared library, C
+// against the static one; each prints the same values.
+TEST(Examples, ReadmeProgramsPrintTheEnthalpyAndEntropyOfAir) {
+    for (const char* exe : {README_AIR_C_EXE, README_AIR_CPP_EXE, README_AIR_FORTRAN_EXE, README_AIR_STATIC_EXE}) {
+        const auto [out, status] = run(exe);
+        EXPECT_EQ(status, 0) << exe;
+        EXPECT_NE(out.find("25 C: h = 0.0000 kJ/kg, s = 6.8635 kJ/(kg K)\n"), std::string::npos) << exe << "\n" << out;
+    }
+}
+
 }  // namespace
