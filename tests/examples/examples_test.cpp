@@ -34,7 +34,7 @@ TEST(Examples, CProgramRoundTripsTheTemperature) {
                                 "od_allprops error 0", "(error 3)"});
 }
 
-TEST(Examples, FortranProgramCallsTheRoutinesAsExternalProcedures) {
+TEST(Examples, FortranProgramCallsTheRoutinesThroughTheModule) {
     expect_program(PROP_FORTRAN_EXE, {"back to T =    25.000000 C, error 0", "\n  v          8.446965273E-01\n",
                                       "od_allprops error 0"});
 }
