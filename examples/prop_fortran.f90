@@ -1,12 +1,11 @@
-! Properties of dry air from Fortran: od_prop and od_allprops called as
-! ordinary external procedures with blank-padded names.
+! Properties of dry air from Fortran: od_prop and od_allprops with
+! blank-padded names, declared by the module ondrel.
 program prop_fortran
+  use ondrel
   implicit none
-  double precision, external :: od_prop
-  external :: od_allprops, ondrel_sub
   character(len=12) :: names(3)
-  double precision :: conc(3), props(16), h, t_back
-  integer :: ierr, n, i
+  real(c_double) :: conc(3), props(16), h, t_back
+  integer(c_int32_t) :: ierr, n, i
   character(len=8), parameter :: labels(16) = [character(len=8) :: 'P', 'T', 'v', 'd', &
        'h', 's', 'u', 'cv', 'dP_dT', 'dP_dv', 'd2P_dT2', 'd2P_dv2', 'd2P_dTdv', &
        'dCv_dT', 'eta', 'lambda']

@@ -10,11 +10,12 @@
 #include <string_view>
 
 #include "fluiddata/od_types.hpp"
+#include "host/od_host.hpp"
 
 namespace od::fluiddata {
 
 inline constexpr std::string_view library_name = "Ondrel";        // asked of fluidpath
-inline constexpr std::string_view data_file_name = "Ondrel.Dat";   // gas data file and record name
+inline constexpr std::string_view data_file_name = host::gas_data_file;  // gas data file and record name
 
 // --- lookups by name ------------------------------------------------------
 // True when the name is a row of the gas table (loads the table first if needed).

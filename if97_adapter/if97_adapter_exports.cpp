@@ -10,7 +10,6 @@
 
 #include "fluiddata/od_types.hpp"
 #include "host/ftn_text.hpp"
-#include "if97/if97.h"
 #include "if97_adapter/if97_qv.hpp"
 #include "ondrel/if97_qv.h"
 
@@ -98,13 +97,18 @@ void if97_allprops_(const char* spec, const double* value1, const double* value2
     ftn::store(message, message_len, msg);
 }
 
-// Version and set-up hand their arguments unchanged to the IF97 library's
-// own entries.
+// Version and set-up are the IF97 library's own, reached through its C++
+// entries: a program's own routine named getversion or if97_sub cannot
+// stand in for them.
 void if97_getversion_(std::int32_t* major, std::int32_t* minor, std::int32_t* patch,
                       std::int32_t* build) {
-    getversion_(major, minor, patch, build);
+    std::int32_t v[4] = {0, 0, 0, 0};
+    qv::if97_getversion(v[0], v[1], v[2], v[3]);
+    std::int32_t* const out[4] = {major, minor, patch, build};
+    for (int k = 0; k < 4; ++k)
+        if (out[k] != nullptr) *out[k] = v[k];
 }
 
-void if97_qv_sub_(void) { if97_sub_(); }
+void if97_qv_sub_(void) { qv::if97_qv_sub(); }
 
 }  // extern "C"

@@ -5,7 +5,7 @@
 // gas table gives -8888.8 (and error code 1 where there is one).
 #include <cstddef>
 
-#include "ondrel/ondrel.h"
+#include "ondrel/od_thermo.h"
 #include "host/host_mixture.hpp"
 #include "solver/od_solver.hpp"
 

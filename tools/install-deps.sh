@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build needs, when any is missing.
 set -euo pipefail
-pkgs=(cmake make g++ gfortran libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev sqlite3)
+# binutils (nm, readelf), pkgconf, dpkg-dev (dpkg-shlibdeps) and python3: the installation's tests.
+pkgs=(cmake make g++ gfortran libgtest-dev libgmock-dev libbenchmark-dev libsqlite3-dev sqlite3
+      binutils pkgconf dpkg-dev python3)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")

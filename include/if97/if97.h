@@ -16,6 +16,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include "ondrel/export.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -45,15 +47,15 @@ extern "C" {
  * of a single-phase state is 0 for a liquid-like state (region 1, or region
  * 3 denser than 322 kg/m3) and 1 otherwise. st is defined up to the
  * critical temperature. */
-void if97_main_(const char* code1, const double* value1, const char* code2, const double* value2,
-                const char* properties, double* results, char* message, size_t code1_len,
-                size_t code2_len, size_t properties_len, size_t message_len);
+ONDREL_API void if97_main_(const char* code1, const double* value1, const char* code2, const double* value2,
+                           const char* properties, double* results, char* message, size_t code1_len,
+                           size_t code2_len, size_t properties_len, size_t message_len);
 
 /* Library version as four 32-bit integers: major, minor, patch, build. */
-void getversion_(int32_t* major, int32_t* minor, int32_t* patch, int32_t* build);
+ONDREL_API void getversion_(int32_t* major, int32_t* minor, int32_t* patch, int32_t* build);
 
 /* Set-up call: prints a one-line banner to standard output. No arguments. */
-void if97_sub_(void);
+ONDREL_API void if97_sub_(void);
 
 #ifdef __cplusplus
 }

@@ -50,6 +50,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include "ondrel/export.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -64,7 +66,7 @@ extern "C" {
  *   concentrations  out: n doubles (mole fractions): 1.0, then 0.0
  *   names_len       hidden: width of one name
  */
-void if97_getfluid_(int32_t* n, char* names, double* concentrations, size_t names_len);
+ONDREL_API void if97_getfluid_(int32_t* n, char* names, double* concentrations, size_t names_len);
 
 /*
  * Fixed fluid data by name.
@@ -77,7 +79,7 @@ void if97_getfluid_(int32_t* n, char* names, double* concentrations, size_t name
  *   info_len, message_len  hidden: widths of info and message
  * Returns the value, or 0.0 for an unknown name.
  */
-double if97_getinfo_(const char* info, char* message, size_t info_len, size_t message_len);
+ONDREL_API double if97_getinfo_(const char* info, char* message, size_t info_len, size_t message_len);
 
 /*
  * One property at a state.
@@ -91,9 +93,9 @@ double if97_getinfo_(const char* info, char* message, size_t info_len, size_t me
  * delivers none (see message). For the name "d" the library's specific
  * volume is inverted, even when it is -8888.8.
  */
-double if97_prop_(const char* spec, const double* value1, const double* value2,
-                  const char* property, char* message, size_t spec_len, size_t property_len,
-                  size_t message_len);
+ONDREL_API double if97_prop_(const char* spec, const double* value1, const double* value2,
+                             const char* property, char* message, size_t spec_len, size_t property_len,
+                             size_t message_len);
 
 /*
  * Several properties at a state.
@@ -107,9 +109,9 @@ double if97_prop_(const char* spec, const double* value1, const double* value2,
  *   message      out: "No errors" or the library's message (its first fault)
  *   spec_len, properties_len, message_len  hidden: widths of the texts
  */
-void if97_props_(const char* spec, const double* value1, const double* value2,
-                 const char* properties, double* results, char* message, size_t spec_len,
-                 size_t properties_len, size_t message_len);
+ONDREL_API void if97_props_(const char* spec, const double* value1, const double* value2,
+                            const char* properties, double* results, char* message, size_t spec_len,
+                            size_t properties_len, size_t message_len);
 
 /*
  * The main properties at a state, from the library's list
@@ -134,20 +136,20 @@ void if97_props_(const char* spec, const double* value1, const double* value2,
  * entries are formed from v and x all the same (d = 1/-8888.8, 1 - x =
  * 8889.8). A NULL output pointer is skipped.
  */
-void if97_allprops_(const char* spec, const double* value1, const double* value2, double* p,
-                    double* t, double* v, double* d, double* h, double* s, double* u, double* x,
-                    double* first, double* second, double* cv, double* eta, double* lambda,
-                    char* message, size_t spec_len, size_t message_len);
+ONDREL_API void if97_allprops_(const char* spec, const double* value1, const double* value2, double* p,
+                               double* t, double* v, double* d, double* h, double* s, double* u, double* x,
+                               double* first, double* second, double* cv, double* eta, double* lambda,
+                               char* message, size_t spec_len, size_t message_len);
 
 /*
  * Version of the IF97 library, handed on unchanged.
  *   major, minor, patch, build  out: the four 32-bit numbers
  */
-void if97_getversion_(int32_t* major, int32_t* minor, int32_t* patch, int32_t* build);
+ONDREL_API void if97_getversion_(int32_t* major, int32_t* minor, int32_t* patch, int32_t* build);
 
 /* Set-up call of the host, handed on unchanged: the IF97 library prints its
  * one-line banner to standard output. */
-void if97_qv_sub_(void);
+ONDREL_API void if97_qv_sub_(void);
 
 #ifdef __cplusplus
 }

@@ -1,5 +1,14 @@
 /* Gas table of the mixture model and the platform functions it loads with,
- * in the host calling convention: every argument by reference; after the
+ * in the host calling convention.
+ *
+ * Not installed, and not exported from the libraries: the gas table and its
+ * loading are internal to the mixture model, and fluidpath and getfluid are
+ * the names of the host's own platform functions, which the library's
+ * built-in versions must not stand in for. A program lists the gas table
+ * with od_compset_ and od_info_ (ondrel/ondrel.h); a host registers its
+ * platform functions with ondrel_set_host_functions_ (ondrel/host.h). The
+ * routines below are kept in the host calling convention for the library's
+ * own tests. Conventions: every argument by reference; after the
  * listed arguments, one hidden size_t per text argument, in argument order,
  * giving its width (for an array of texts: the width of one element).
  * Texts are fixed-width and blank-padded; a C caller may also pass a
@@ -15,6 +24,8 @@
 
 #include <stddef.h>
 #include <stdint.h>
+
+#include "ondrel/host.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -83,11 +94,12 @@ void readgasfile_(const char* path, size_t path_len);
 void readgasdb_(const char* directory, const char* name, size_t directory_len, size_t name_len);
 
 /* --- platform functions -----------------------------------------------------
- * The library's own versions, used unless a host registers its own. */
+ * The library's own versions, used unless a host registers its own (see
+ * ondrel/host.h for the search order of the built-in fluidpath). */
 
 /* buffer (buffer_len characters, 256 expected) receives the data directory
  * of library, ending with '/', blank-padded: ONDREL_FLUIDPATH when set, else
- * the installed data directory. */
+ * the first installed data directory that holds the gas data. */
 void fluidpath_(char* buffer, const char* library, size_t buffer_len, size_t library_len);
 
 /* Fills lines (up to 255 lines of line_len characters each, blank-padded)
@@ -96,23 +108,6 @@ void fluidpath_(char* buffer, const char* library, size_t buffer_len, size_t lib
  * No database, no record or a read error: returns 0 and *status = 0. */
 int32_t getfluid_(const char* directory, const char* name, char* lines, int32_t* status,
                   size_t directory_len, size_t name_len, size_t line_len);
-
-/* Host functions in the same convention. */
-typedef void (*ondrel_fluidpath_fn)(char* buffer, const char* library, size_t buffer_len,
-                                    size_t library_len);
-typedef int32_t (*ondrel_getfluid_fn)(const char* directory, const char* name, char* lines,
-                                      int32_t* status, size_t directory_len, size_t name_len,
-                                      size_t line_len);
-
-/* Puts the host's fluidpath and getfluid in place of the library's own for
- * every later load; NULL restores the library's own. The library calls
- * fluidpath with a buffer of 256 characters and "Ondrel", and getfluid with
- * the directory and "Ondrel.Dat" each as a blank-padded text of 256
- * characters and a buffer of 255 lines of 255 characters; a returned count
- * outside 0..255 is taken as 0 or 255. Call it before the first mixture call: the table is
- * loaded only once. A Fortran host passes its two external procedures:
- * call ondrel_set_host_functions(my_fluidpath, my_getfluid). */
-void ondrel_set_host_functions_(ondrel_fluidpath_fn fluidpath, ondrel_getfluid_fn getfluid);
 
 #ifdef __cplusplus
 }

@@ -1,4 +1,12 @@
-/* Ondrel ideal-gas mixture thermodynamics in the host calling convention.
+/* Ondrel ideal-gas mixture thermodynamics and inverse solution in the host
+ * calling convention.
+ *
+ * Not installed, and not exported from the libraries: these are the
+ * internal routines of the mixture model (state functions at p and T,
+ * condensing water, derivatives, transport, and the solver of Brent's
+ * method and the inverse functions), kept in the host calling convention
+ * for the library's own tests. A program reaches what they compute through
+ * od_prop_ and od_allprops_ (ondrel/ondrel.h) and the modern API.
  *
  * Every argument is passed by reference; the length of each text argument
  * is appended as a trailing hidden size_t, in argument order (GNU Fortran
@@ -34,6 +42,8 @@
 
 #include <stddef.h>
 #include <stdint.h>
+
+#include "ondrel/ondrel.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -82,9 +92,7 @@ double v_pt_(const double* p, const double* t, const int32_t* n, const char* nam
 /* Internal energy h - p v, J/kg. */
 double u_pt_(const double* p, const double* t, const int32_t* n, const char* names, const double* conc,
              size_t names_len);
-/* Moles of gas phase per mole of mixture; 1.0 when no component is a gas. */
-double x_gas_(const double* p, const double* t, const int32_t* n, const char* names, const double* conc,
-              size_t names_len);
+/* x_gas_, the gas fraction, is exported: see ondrel/ondrel.h. */
 
 /* --- condensing water "H2O(IF)" ---------------------------------------- */
 /* One IF97 value in SI units. spec1, spec2: first letter read, "P" (Pa),
@@ -129,6 +137,108 @@ double eta_t_(const double* t, const int32_t* n, const char* names, const double
 /* Thermal conductivity of the mixture, W/(m K). */
 double lambda_pt_(const double* p, const double* t, const int32_t* n, const char* names, const double* conc,
                   size_t names_len);
+
+/* --- inverse solution ---------------------------------------------------- */
+/*
+ * Inverse solution. A property function of the host has the form
+ *   double f(const double *p, const double *t, const int32_t *n,
+ *            const char *cmp, const double *cnc, size_t cmp_len)
+ * with p in Pa and t in K (h_pt_, s_pt_, u_pt_, v_pt_ above are
+ * such functions). In the routines below p is in Pa, t in K, v in m3/kg,
+ * s in J/(kg K), h and u in J/kg. The mixture arguments are those of
+ * od_prop_: n components (0 to 250), cmp their names of cmp_len characters
+ * each, cnc their concentrations. Except in brent_, the mixture becomes the
+ * stored composition that the state functions look their components up in;
+ * an unknown component, a count outside 0..250 or a missing argument gives
+ * -8888.8 (and errcode 1 in get_p_ and get_t_).
+ */
+typedef double (*od_property_fn)(const double *p, const double *t, const int32_t *n,
+                                 const char *cmp, const double *cnc, size_t cmp_len);
+
+/*
+ * Pressure (get_p_, Pa) or temperature (get_t_, K) from an input pair.
+ *   inputspec  two-letter input specification, as for od_prop_
+ *   input1, input2  its values in interface units (bar, degrees C, m3/kg,
+ *              kg/m3, kJ/kg, kJ/(kg K))
+ *   n, cmp, cnc     the mixture
+ *   ierr       in/out: written only on failure, never cleared: 1 unknown
+ *              component (-8888.8), 2 unknown input specification (0.0), 4 no
+ *              convergence (0.0), 5 not bracketed (-8888.8), 7 "Th" or "Tu"
+ *              without "H2O(IF)" (get_p_ only, 0.0)
+ */
+double get_p_(const char *inputspec, const double *input1, const double *input2,
+              const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,
+              size_t inputspec_len, size_t cmp_len);
+double get_t_(const char *inputspec, const double *input1, const double *input2,
+              const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,
+              size_t inputspec_len, size_t cmp_len);
+
+/*
+ * Brent's bracketed root finder: the root x of f(x, fixed) = target.
+ *   f        property function; the unknown is its first argument when
+ *            which is 1, its second for any other which
+ *   fixed    the other argument of f
+ *   target   the value f must reach
+ *   a, b     in/out: the bracket ends, overwritten with the iteration's
+ *            points; on success b holds the root
+ *   tol      bounds |f - target| at the two ends and, halved, the step on x
+ *   n, cmp, cnc, cmp_len  handed to f unchanged and not read otherwise
+ *            (the state functions above look the names up in the stored
+ *            composition: store the mixture first, e.g. by get_p_)
+ *   ierr     in/out: written only on failure, never cleared: 5 with -8888.8
+ *            when the ends give residuals of one sign (a, b unchanged), 4
+ *            with 0.0 after 100 iterations
+ * A missing argument gives -8888.8 and writes nothing.
+ */
+double brent_(od_property_fn f, const int32_t *which, const double *fixed,
+              const double *target, double *a, double *b, const double *tol,
+              const int32_t *n, const char *cmp, const double *cnc, int32_t *ierr,
+              size_t cmp_len);
+
+/* Property X at the state (Y, Z): h, u in J/kg, s in J/(kg K), v in m3/kg.
+ * The missing state variable is solved for; a failure of that inner solution
+ * is not reported. */
+double h_pv_(const double *p, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double s_pv_(const double *p, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double u_pv_(const double *p, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double h_tv_(const double *t, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double s_tv_(const double *t, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double u_tv_(const double *t, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double h_ps_(const double *p, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double u_ps_(const double *p, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double v_ps_(const double *p, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double h_ts_(const double *t, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double u_ts_(const double *t, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double v_ts_(const double *t, const double *s, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+
+/* f at the state (p, v), (t, v), (p, s) or (t, s), called as f(p, t, ...). */
+double f_pv_(od_property_fn f, const double *p, const double *v, const int32_t *n,
+             const char *cmp, const double *cnc, size_t cmp_len);
+double f_tv_(od_property_fn f, const double *t, const double *v, const int32_t *n,
+             const char *cmp, const double *cnc, size_t cmp_len);
+double f_ps_(od_property_fn f, const double *p, const double *s, const int32_t *n,
+             const char *cmp, const double *cnc, size_t cmp_len);
+double f_ts_(od_property_fn f, const double *t, const double *s, const int32_t *n,
+             const char *cmp, const double *cnc, size_t cmp_len);
+
+/* Ideal-gas closed forms with R = 8.3143 J/(mol K), condensed species and
+ * "H2O(IF)" counted as gas: p = R t / (v M) in Pa, t = v M p / R in K. */
+double p_tv_(const double *t, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
+double t_pv_(const double *p, const double *v, const int32_t *n, const char *cmp,
+             const double *cnc, size_t cmp_len);
 
 #ifdef __cplusplus
 }

@@ -33,6 +33,8 @@
 #include <stddef.h>
 #include <stdint.h>
 
+#include "ondrel/export.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -54,7 +56,7 @@ typedef struct pwserr_record {
     int32_t maxerr;
     int32_t nerr;
 } pwserr_record;
-extern pwserr_record pwserr_;
+extern ONDREL_API pwserr_record pwserr_;
 
 /* Counts one error and writes " *** PWSFTN-ERROR: <text><label><value>[<label><value>] ***".
  * name: reporting routine (not printed; its length follows as name_len);
@@ -63,62 +65,62 @@ extern pwserr_record pwserr_;
  * x2; labels 1 ", P=" 2 ", T=" 3 ", H=" 4 ", V=" 5 ", S=" (a digit without a
  * label, e.g. of code 0, shows ", ?="); values in Fortran 1PE16.8 in the
  * units of their quantity (bar, C, kJ/kg, m3/kg, kJ/(kg K)). */
-void pwser_(const char* name, const int32_t* icode, const double* x1, const double* x2,
-            size_t name_len);
+ONDREL_API void pwser_(const char* name, const int32_t* icode, const double* x1, const double* x2,
+                       size_t name_len);
 
 /* Channel 13. The file is opened for appending; *ierr = 0 on success, 1 if it
  * cannot be opened (the channel is then unchanged). The callback receives
  * each line without its line end, as a Fortran SUBROUTINE CB(LINE) with
  * CHARACTER*(*) LINE; a null callback restores standard error. */
 typedef void (*pws_line_callback)(const char* text, size_t text_len);
-void pws_set_channel13_file_(const char* path, int32_t* ierr, size_t path_len);
-void pws_set_channel13_callback_(pws_line_callback callback);
-void pws_set_channel13_stderr_(void);
+ONDREL_API void pws_set_channel13_file_(const char* path, int32_t* ierr, size_t path_len);
+ONDREL_API void pws_set_channel13_callback_(pws_line_callback callback);
+ONDREL_API void pws_set_channel13_stderr_(void);
 
 /* ---- Saturation line and common terms ---------------------------------- */
 
 /* Saturation pressure (bar) at t (C). Above 374.15 C: error code 2, returns 0. */
-double pws_pt_(const double* t);
+ONDREL_API double pws_pt_(const double* t);
 /* As pws_pt_, and keeps the slope of the saturation line, read by psl1_slope_
  * (saturation pressure / 80.3334 times minus the derivative of the exponent
  * with respect to 1 - T/647.3 K). */
-double psl1_(const double* t);
+ONDREL_API double psl1_(const double* t);
 /* The slope kept by the last psl1_ evaluation (0 before the first). */
-double psl1_slope_(void);
+ONDREL_API double psl1_slope_(void);
 /* Saturation temperature (C) at p (bar) by damped Newton steps with the slope
  * of psl1_. Above 221.2 bar: error code 1, returns 0; no convergence in 30
  * updates (the usual case above 186.1581 bar, where the tolerance tightens):
  * error code -1, last iterate. */
-double pws_tp_(const double* p);
+ONDREL_API double pws_tp_(const double* p);
 /* Common terms of sub-region 1 and region 2 at (p, t), region 3 at (v, t):
  * bound checks (codes 12 for p, t; 42 for v, t; each bound widened by a
  * relative 1e-5), kept for the next call; a call with the kept state (the
  * same values bit for bit, no NaN) neither checks nor evaluates again. */
-void comt1_(const double* p, const double* t);
-void comt2_(const double* p, const double* t);
-void comt3_(const double* v, const double* t);
+ONDREL_API void comt1_(const double* p, const double* t);
+ONDREL_API void comt2_(const double* p, const double* t);
+ONDREL_API void comt3_(const double* v, const double* t);
 
 /* ---- Region equations (p, t: bar, C; v, t: m3/kg, C) ------------------- */
 
-double pws_c1_(const double* p, const double* t); /* volume, sub-region 1, m3/kg */
-double pws_c2_(const double* p, const double* t); /* volume, region 2, m3/kg */
-double pws_d1_(const double* p, const double* t); /* enthalpy, sub-region 1, kJ/kg */
-double pws_d2_(const double* p, const double* t); /* enthalpy, region 2, kJ/kg */
-double pws_d3_(const double* v, const double* t); /* enthalpy, region 3, kJ/kg */
-double pws_e1_(const double* p, const double* t); /* entropy, sub-region 1, kJ/(kg K) */
-double pws_e2_(const double* p, const double* t); /* entropy, region 2, kJ/(kg K) */
-double pws_e3_(const double* v, const double* t); /* entropy, region 3, kJ/(kg K) */
-double pws_f1_(const double* p, const double* t); /* internal energy, sub-region 1, kJ/kg */
-double pws_f2_(const double* p, const double* t); /* internal energy, region 2, kJ/kg */
-double pws_f3_(const double* v, const double* t); /* internal energy, region 3, kJ/kg */
-double pws_h1_(const double* p, const double* t); /* cp, sub-region 1, kJ/(kg K) */
-double pws_h2_(const double* p, const double* t); /* cp, region 2, kJ/(kg K) */
-double pws_h3_(const double* v, const double* t); /* cp, region 3, kJ/(kg K) */
-double pws_a3_(const double* v, const double* t); /* pressure, region 3, bar */
+ONDREL_API double pws_c1_(const double* p, const double* t); /* volume, sub-region 1, m3/kg */
+ONDREL_API double pws_c2_(const double* p, const double* t); /* volume, region 2, m3/kg */
+ONDREL_API double pws_d1_(const double* p, const double* t); /* enthalpy, sub-region 1, kJ/kg */
+ONDREL_API double pws_d2_(const double* p, const double* t); /* enthalpy, region 2, kJ/kg */
+ONDREL_API double pws_d3_(const double* v, const double* t); /* enthalpy, region 3, kJ/kg */
+ONDREL_API double pws_e1_(const double* p, const double* t); /* entropy, sub-region 1, kJ/(kg K) */
+ONDREL_API double pws_e2_(const double* p, const double* t); /* entropy, region 2, kJ/(kg K) */
+ONDREL_API double pws_e3_(const double* v, const double* t); /* entropy, region 3, kJ/(kg K) */
+ONDREL_API double pws_f1_(const double* p, const double* t); /* internal energy, sub-region 1, kJ/kg */
+ONDREL_API double pws_f2_(const double* p, const double* t); /* internal energy, region 2, kJ/kg */
+ONDREL_API double pws_f3_(const double* v, const double* t); /* internal energy, region 3, kJ/kg */
+ONDREL_API double pws_h1_(const double* p, const double* t); /* cp, sub-region 1, kJ/(kg K) */
+ONDREL_API double pws_h2_(const double* p, const double* t); /* cp, region 2, kJ/(kg K) */
+ONDREL_API double pws_h3_(const double* v, const double* t); /* cp, region 3, kJ/(kg K) */
+ONDREL_API double pws_a3_(const double* v, const double* t); /* pressure, region 3, bar */
 
 /* Dynamic viscosity (Pa s) and thermal conductivity (W/(m K)) at (v, t). */
-double pws_ci_(const double* v, const double* t);
-double pws_cj_(const double* v, const double* t);
+ONDREL_API double pws_ci_(const double* v, const double* t);
+ONDREL_API double pws_cj_(const double* v, const double* t);
 
 /* ---- Iterations --------------------------------------------------------- */
 
@@ -128,27 +130,27 @@ typedef double (*pws_func3)(const double*, const double*, const double*);
 
 /* Solves f(fixed, x) = target from the starting values *a, *b (overwritten),
  * relative tolerance *eps; after 40 steps writes the PWS_I1 warning, returns 0. */
-double pws_i1_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
-               const double* eps);
+ONDREL_API double pws_i1_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
+                          const double* eps);
 /* Solves f(x, fixed) = target (e.g. region-3 volume from pressure), starting
  * values *a, *b (overwritten): a bracketing pair is narrowed by regula falsi
  * with halving (the midpoint after 40 steps), otherwise up to 40 secant steps
  * (the last one is returned); no warning. */
-double pws_i2_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
-               const double* eps);
+ONDREL_API double pws_i2_(pws_func2 f, const double* fixed, const double* target, double* a, double* b,
+                          const double* eps);
 /* As the bracketed pws_i2_, with f(x, fixed, eps); returns the last
  * regula-falsi estimate after 40 steps. */
-double pws_i3_(pws_func3 f, const double* fixed, const double* target, double* a, double* b,
-               const double* eps);
+ONDREL_API double pws_i3_(pws_func3 f, const double* fixed, const double* target, double* a, double* b,
+                          const double* eps);
 /* Saturation temperature (C) at p (bar) by bracketing on [0.01, 374.15] C;
  * outside 0.006112444 to 221.2 bar: error code 1, evaluated all the same; a
  * trial above 374.15 C: error code 2, not evaluated. */
-double pws_it_(const double* p);
+ONDREL_API double pws_it_(const double* p);
 /* Finds (x, y) with f2(x, y) = target2 and f1(x, y) = target1, x in
  * [*xa, *xb], y in [*ya, *yb]; returns *xa = *xb = x and *ya = *yb = y.
  * After 40 outer steps writes the PWS_ID warning. */
-void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* target2,
-             double* xa, double* xb, double* ya, double* yb, const double* eps);
+ONDREL_API void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* target2,
+                        double* xa, double* xb, double* ya, double* yb, const double* eps);
 
 /* ---- Inverse routines and entry routine ------------------------------- */
 
@@ -179,24 +181,24 @@ void pws_id_(pws_func2 f1, const double* target1, pws_func2 f2, const double* ta
  * Fortran: INTEGER PWSRPH; EXTERNAL PWSRPH; IREG = PWSRPH(A, B, EPS). */
 typedef int32_t (*pws_inverse_routine)(double* a, double* b, const double* eps);
 
-int32_t pwsrpt_(double* a, double* b, const double* eps); /* P, T; on the saturation line 6 (or 5)
-                                                             with the pressure left in *a */
-int32_t pwsrph_(double* a, double* b, const double* eps); /* P, H */
-int32_t pwsrps_(double* a, double* b, const double* eps); /* P, S */
-int32_t pwsrpu_(double* a, double* b, const double* eps); /* P, U */
-int32_t pwsrpv_(double* a, double* b, const double* eps); /* P, V */
-int32_t pwsrpx_(double* a, double* b, const double* eps); /* P, X */
-int32_t pwsrtv_(double* a, double* b, const double* eps); /* T, V */
-int32_t pwsrth_(double* a, double* b, const double* eps); /* T, H; 0 and a line when no state has H */
-int32_t pwsrtx_(double* a, double* b, const double* eps); /* T, X; 7 above 374.15 C, *eps unused */
-int32_t pwsrtu_(double* a, double* b, const double* eps); /* T, U; 0 and a line when no state has U */
-int32_t pwsrts_(double* a, double* b, const double* eps); /* T, S */
-int32_t pwsrsx_(double* a, double* b, const double* eps); /* S, X; 0 and a line outside the wet region */
-int32_t pwsrhs_(double* a, double* b, const double* eps); /* H, S */
-int32_t pwsrus_(double* a, double* b, const double* eps); /* U, S; 0 and a line when not placeable */
-int32_t pwsrvh_(double* a, double* b, const double* eps); /* V, H */
-int32_t pwsrvs_(double* a, double* b, const double* eps); /* V, S */
-int32_t pwsrvu_(double* a, double* b, const double* eps); /* V, U */
+ONDREL_API int32_t pwsrpt_(double* a, double* b, const double* eps); /* P, T; on the saturation line 6 (or 5)
+                                                                        with the pressure left in *a */
+ONDREL_API int32_t pwsrph_(double* a, double* b, const double* eps); /* P, H */
+ONDREL_API int32_t pwsrps_(double* a, double* b, const double* eps); /* P, S */
+ONDREL_API int32_t pwsrpu_(double* a, double* b, const double* eps); /* P, U */
+ONDREL_API int32_t pwsrpv_(double* a, double* b, const double* eps); /* P, V */
+ONDREL_API int32_t pwsrpx_(double* a, double* b, const double* eps); /* P, X */
+ONDREL_API int32_t pwsrtv_(double* a, double* b, const double* eps); /* T, V */
+ONDREL_API int32_t pwsrth_(double* a, double* b, const double* eps); /* T, H; 0 and a line when no state has H */
+ONDREL_API int32_t pwsrtx_(double* a, double* b, const double* eps); /* T, X; 7 above 374.15 C, *eps unused */
+ONDREL_API int32_t pwsrtu_(double* a, double* b, const double* eps); /* T, U; 0 and a line when no state has U */
+ONDREL_API int32_t pwsrts_(double* a, double* b, const double* eps); /* T, S */
+ONDREL_API int32_t pwsrsx_(double* a, double* b, const double* eps); /* S, X; 0 and a line outside the wet region */
+ONDREL_API int32_t pwsrhs_(double* a, double* b, const double* eps); /* H, S */
+ONDREL_API int32_t pwsrus_(double* a, double* b, const double* eps); /* U, S; 0 and a line when not placeable */
+ONDREL_API int32_t pwsrvh_(double* a, double* b, const double* eps); /* V, H */
+ONDREL_API int32_t pwsrvs_(double* a, double* b, const double* eps); /* V, S */
+ONDREL_API int32_t pwsrvu_(double* a, double* b, const double* eps); /* V, U */
 
 /* One property of the state found by an inner inverse routine, at a varied
  * first quantity and a fixed second one. The inner routine runs with the
@@ -206,11 +208,11 @@ int32_t pwsrvu_(double* a, double* b, const double* eps); /* V, U */
  * pws_hp_, pws_sp_, pws_up_: enthalpy kJ/kg, entropy kJ/(kg K), internal
  * energy kJ/kg of the state (p bar, v m3/kg) by pwsrpv_; pws_ht_, pws_ut_:
  * enthalpy, internal energy of the state (t C, s kJ/(kg K)) by pwsrts_. */
-double pws_hp_(const double* p, const double* v, const double* eps);
-double pws_sp_(const double* p, const double* v, const double* eps);
-double pws_up_(const double* p, const double* v, const double* eps);
-double pws_ht_(const double* t, const double* s, const double* eps);
-double pws_ut_(const double* t, const double* s, const double* eps);
+ONDREL_API double pws_hp_(const double* p, const double* v, const double* eps);
+ONDREL_API double pws_sp_(const double* p, const double* v, const double* eps);
+ONDREL_API double pws_up_(const double* p, const double* v, const double* eps);
+ONDREL_API double pws_ht_(const double* t, const double* s, const double* eps);
+ONDREL_API double pws_ut_(const double* t, const double* s, const double* eps);
 
 /* Entry routine: CALL PWSFTN(PWSRPH, X, Y, 'H,S,V.', RESULT).
  *   xysub   an inverse routine of the form above, passed as a procedure: one
@@ -230,8 +232,8 @@ double pws_ut_(const double* t, const double* s, const double* eps);
  * Messages on channel 13: an illegal region number (result untouched), each
  * illegal key, and once after the list when CP, DV or TC met a wet state
  * (their entries are 0). Errors of the routines go through pwser_. */
-void pwsftn_(pws_inverse_routine xysub, const double* x, const double* y, const char* depend,
-             double* result, size_t depend_len);
+ONDREL_API void pwsftn_(pws_inverse_routine xysub, const double* x, const double* y, const char* depend,
+                        double* result, size_t depend_len);
 
 #ifdef __cplusplus
 }

@@ -34,7 +34,7 @@ TEST(Examples, CProgramRoundTripsTheTemperature) {
                                 "od_allprops error 0", "(error 3)"});
 }
 
-TEST(Examples, FortranProgramCallsTheRoutinesAsExternalProcedures) {
+TEST(Examples, FortranProgramCallsTheRoutinesThroughTheModule) {
     expect_program(PROP_FORTRAN_EXE, {"back to T =    25.000000 C, error 0", "\n  v          8.446965273E-01\n",
                                       "od_allprops error 0"});
 }
@@ -76,6 +76,27 @@ TEST(Examples, FlueGasCoolingPrintsTheTableDewPointAndChecks) {
     }
     EXPECT_NE(out.find("all 19 temperatures given back by both"), std::string::npos) << out;
     EXPECT_NE(out.find("checks: 0 table errors, 0 not given back"), std::string::npos);
+}
+
+// The gas table as the exported routines list it: every row with its phase
+// from the name and the limits od_info_ gives for the row alone.
+TEST(Examples, GasTableListsEveryComponentWithItsPhaseAndLimits) {
+    const auto [out, status] = run(GAS_TABLE_EXE);
+    EXPECT_EQ(status, 0) << out;
+    EXPECT_NE(out.find("63 components\n"), std::string::npos) << out;
+    for (const char* row : {"\n1    N2           G       0.02801348     -73.15    5726.85\n",
+                            "AL2O3(S)     S", "SIO2(L)      L", "H2O(IF)      G"})
+        EXPECT_NE(out.find(row), std::string::npos) << row << "\n" << out;
+}
+
+// The README's programs: C, C++ and Fortran against the shared library, C
+// against the static one; each prints the same values.
+TEST(Examples, ReadmeProgramsPrintTheEnthalpyAndEntropyOfAir) {
+    for (const char* exe : {README_AIR_C_EXE, README_AIR_CPP_EXE, README_AIR_FORTRAN_EXE, README_AIR_STATIC_EXE}) {
+        const auto [out, status] = run(exe);
+        EXPECT_EQ(status, 0) << exe;
+        EXPECT_NE(out.find("25 C: h = 0.0000 kJ/kg, s = 6.8597 kJ/(kg K)\n"), std::string::npos) << exe << "\n" << out;
+    }
 }
 
 }  // namespace

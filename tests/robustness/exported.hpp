@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ondrel/od_thermo.h"
 #include "ondrel/ondrel.h"
 
 namespace robustness {
