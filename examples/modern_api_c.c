@@ -18,9 +18,12 @@ int main(void) {
     st = ondrel_property(ctx, air, 101325.0, 298.15, "h", &h);
     if (st == ONDREL_OK) st = ondrel_solve(ctx, air, "Ph", 101325.0, h, &p, &T);
     printf("h = %.6f J/kg, back to T = %.6f K (%s)\n", h, T, ondrel_message(st));
-    const int bad = ondrel_mixture_create(1, (const char* const[]){"XYZ"}, (const double[]){1.0}, &air, why, sizeof why);
+    ondrel_mixture* unknown = NULL;
+    const int bad = ondrel_mixture_create(1, (const char* const[]){"XYZ"}, (const double[]){1.0}, &unknown, why,
+                                          sizeof why);
     printf("unknown: %s (%s)\n", ondrel_message(bad), why);
     ondrel_context_free(ctx);
     ondrel_mixture_free(air);
+    ondrel_mixture_free(unknown); /* NULL after a failure: freeing it does nothing */
     return st == ONDREL_OK && bad == ONDREL_UNKNOWN_COMPONENT && T > 298.149999 && T < 298.150001 ? 0 : 1;
 }

@@ -11,7 +11,8 @@ opts=()
 jobs=$(nproc 2>/dev/null || echo 2)
 if [ "${1:-}" = "--sanitize" ]; then
   build="$root/build-asan"
-  opts+=(-DONDREL_SANITIZE=ON)
+  # One CTest test a program: under the sanitizers a process start costs more than a test.
+  opts+=(-DONDREL_SANITIZE=ON -DONDREL_TESTS_PER_PROGRAM=ON)
 elif [ "${1:-}" = "--threads" ]; then
   build="$root/build-tsan"
   cmake -S "$root" -B "$build" -DONDREL_TSAN=ON -DONDREL_BUILD_EXAMPLES=OFF >/dev/null
