@@ -14,18 +14,7 @@ tmp=$(mktemp -d "${TMPDIR:-/tmp}/ondrel-consumer-XXXXXX")
 trap 'rm -rf "$tmp"' EXIT
 unset ONDREL_FLUIDPATH ONDREL_GAS_SOURCE PKG_CONFIG_PATH CMAKE_PREFIX_PATH LD_LIBRARY_PATH LD_RUN_PATH
 prefix=$tmp/prefix
-expected="h = 0.0000 kJ/kg, s = 6.8597 kJ/(kg K)"  # dry air at 1.01325 bar, 25 C
-
-step() { echo "--- $*"; }
-fail() {
-    echo "FAILED: $*"
-    exit 1
-}
-# Runs a program and checks that it succeeds and prints the expected values.
-runs() {
-    out=$("$1" 2>&1) || fail "$1 exited with status $?: $out"
-    case $out in *"$expected"*) ;; *) fail "$1 printed: $out" ;; esac
-}
+. "$(dirname "$0")/checks.sh"
 dynamic() { readelf -d "$1" | sed -n "s/.*($2).*\\[\\(.*\\)\\]/\\1/p"; }
 
 step "install into a temporary prefix"
