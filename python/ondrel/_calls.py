@@ -84,7 +84,7 @@ def _is_scalar(x):
 
 def _failure(status, pair, a, b, detail=""):
     # The library's own sentence names the inputs with their units, where it has one.
-    return OndrelError(status, detail or f"{pair} = ({a!r}, {b!r}): {message(status)}")
+    return OndrelError(status, f"{message(status)}: {detail}" if detail else f"{pair} = ({a!r}, {b!r}): {message(status)}")
 
 
 def evaluate(scalar_call, array_call, pair, in1, in2, names, codes, threads, raise_on_error):
@@ -126,4 +126,4 @@ def _names(names):
 
 def warn_not_unique(pair, a, b, which):
     warnings.warn(NotUniqueWarning(f"several states reproduce {pair} = ({a!r}, {b!r}); {which} was returned"),
-                  stacklevel=3)
+                  stacklevel=5)

@@ -33,6 +33,7 @@ from ._calls import _codes, _pair_code, evaluate
 
 PAIRS = tuple(_ondrel.ifc67_pairs)
 PROPERTIES = tuple(_ondrel.ifc67_properties)
+_WATER = tuple(_ondrel.water_properties)
 
 _DEFAULT_PROPERTIES = ("P", "T", "v", "h", "s", "x", "region")
 
@@ -60,7 +61,8 @@ def _warn(messages):
 def props(pair, in1, in2, names=_DEFAULT_PROPERTIES, *, threads=0, raise_on_error=False):
     """Properties at the states given by an input pair (see the module's text)."""
     code = _pair_code(pair, PAIRS, "IFC-67")
-    codes = _codes(names, PROPERTIES, "IFC-67")
+    # Checked against its own list, passed as the codes of the water properties.
+    codes = [_WATER.index(PROPERTIES[c]) for c in _codes(names, PROPERTIES, "IFC-67")]
 
     def scalar(a, b):
         status, values, messages = _ondrel.ifc67_scalar(code, a, b, codes)
