@@ -35,6 +35,26 @@ done
 [ "$(dynamic "$lib/libondrel.so" RUNPATH)" = '$ORIGIN' ] || fail "RUNPATH of libondrel.so"
 case $(dynamic "$prefix/bin/fluiddb" RUNPATH) in '$ORIGIN/'*) ;; *) fail "RUNPATH of fluiddb" ;; esac
 
+# The Python package, when this build has it: beside the libraries it links.
+python=
+if grep -q '^ONDREL_BUILD_PYTHON:BOOL=ON' "$build/CMakeCache.txt"; then
+    python=/usr/bin/python3
+    pydir=$(dirname "$(find "$prefix" -path '*/ondrel/__init__.py' | head -n 1)")
+    pyrel=${pydir#"$prefix"/}
+    pyrel=${pyrel%/ondrel}
+    [ -n "$(find "$prefix/$pyrel/ondrel" -name '_ondrel*.so')" ] || fail "not installed: the Python module"
+    case $(dynamic "$(find "$prefix/$pyrel/ondrel" -name '_ondrel*.so')" RUNPATH) in '$ORIGIN/'*) ;;
+    *) fail "RUNPATH of the Python module" ;; esac
+fi
+# Runs the README's Python program against the package under a prefix.
+runs_python() {
+    [ -n "$python" ] || return 0
+    out=$(cd "$tmp" && PYTHONPATH="$1/$pyrel" "$python" -B "$src/examples/readme/air.py" 2>&1) ||
+        fail "air.py with the package in $1 exited with status $?: $out"
+    case $out in *"$expected"*) ;; *) fail "air.py printed: $out" ;; esac
+}
+runs_python "$prefix"
+
 step "every installed header compiles on its own (C headers as C and C++)"
 for h in $(cd "$prefix/include" && find . -name '*.h' -o -name '*.hpp' | sed 's|^\./||'); do
     case $h in
@@ -89,6 +109,7 @@ for p in air-c air-cpp air-fortran air-static; do
     runs "$moved/bin/$p"
     runs "$moved/work/$p"
 done
+runs_python "$moved"
 "$moved/bin/fluiddb" where > "$tmp/where.txt" || { cat "$tmp/where.txt"; fail "fluiddb where"; }
 grep -qx "it reads $moved/share/ondrel/Ondrel.Dat" "$tmp/where.txt" || { cat "$tmp/where.txt"; fail "fluiddb where"; }
 # The CMake package and the pkg-config files point into the moved prefix.

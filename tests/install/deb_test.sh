@@ -2,8 +2,8 @@
 # The Debian package. Configured for /usr, the library is built and packaged
 # with cpack -G DEB; the package carries its run-time dependencies; installed
 # with apt-get, it serves the README's project (find_package and pkg-config,
-# shared and static) with no setting at all; it is then purged, leaving the
-# machine as it was found.
+# shared and static) and its Python program with no setting at all; it is
+# then purged, leaving the machine as it was found.
 # Needs root: skipped (exit status 77) otherwise, and when a package named
 # ondrel is installed already (it is left alone).
 # usage: deb_test.sh <source dir> <work dir>
@@ -34,7 +34,7 @@ deb=$(ls "$work"/build/ondrel_*.deb)
 echo "$(basename "$deb"):"
 dpkg-deb --field "$deb" Package Version Architecture Depends Recommends | sed 's/^/  /'
 depends=$(dpkg-deb --field "$deb" Depends)
-for d in libc6 libstdc++6 libsqlite3-0; do
+for d in libc6 libstdc++6 libsqlite3-0 python3-numpy; do
     case $depends in *"$d"*) ;; *) fail "Depends lacks $d" ;; esac
 done
 dpkg-deb --contents "$deb" | awk '{print $6}' > "$work/contents.txt"
@@ -42,7 +42,8 @@ multiarch=$(dpkg-architecture -qDEB_HOST_MULTIARCH 2> /dev/null || gcc -print-mu
 for f in "./usr/lib/$multiarch/libondrel.so.3" "./usr/lib/$multiarch/libondrel.a" "./usr/lib/$multiarch/libif97.so.1" \
     ./usr/bin/fluiddb ./usr/share/ondrel/Ondrel.Dat ./usr/include/ondrel/ondrel.h \
     ./usr/include/ondrel/fortran/ondrel.mod "./usr/lib/$multiarch/cmake/Ondrel/OndrelConfig.cmake" \
-    "./usr/lib/$multiarch/pkgconfig/ondrel.pc"; do
+    "./usr/lib/$multiarch/pkgconfig/ondrel.pc" ./usr/lib/python3/dist-packages/ondrel/__init__.py \
+    ./usr/lib/python3/dist-packages/ondrel/_ondrel; do
     grep -q "^$f" "$work/contents.txt" || fail "not in the package: $f"
 done
 
@@ -61,6 +62,8 @@ mkdir "$work/pc"
 cp "$src/examples/readme/air.c" "$src/examples/readme/air.cpp" "$src/examples/readme/air.f90" "$work/pc/"
 (cd "$work/pc" && sh "$src/examples/readme/pkg-config.sh") || fail "pkg-config commands"
 for p in air-c air-cpp air-fortran air-static; do runs "$work/pc/$p"; done
+out=$(cd "$work" && /usr/bin/python3 -B "$src/examples/readme/air.py" 2>&1) || fail "air.py: $out"
+case $out in *"$expected"*) ;; *) fail "air.py printed: $out" ;; esac
 fluiddb where | grep -qx "it reads /usr/share/ondrel/Ondrel.Dat" || { fluiddb where; fail "fluiddb where"; }
 
 step "purge the package"

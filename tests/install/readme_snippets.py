@@ -12,7 +12,7 @@ import os
 import re
 import sys
 
-CODE_LANGUAGES = {"c", "cpp", "c++", "fortran", "f90", "cmake"}
+CODE_LANGUAGES = {"c", "cpp", "c++", "fortran", "f90", "cmake", "python"}
 MARKER = re.compile(r"^<!-- file: (\S+) -->$")
 FENCE = re.compile(r"^```(\S*)\s*$")
 
