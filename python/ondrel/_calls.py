@@ -78,8 +78,12 @@ def _real(x, which):
     return a
 
 
+# Python's own numbers (bool excluded: it is no pressure or temperature).
+_NUMBERS = (float, int)
+
+
 def _is_scalar(x):
-    return isinstance(x, (float, int)) or np.ndim(x) == 0
+    return np.ndim(x) == 0
 
 
 def _failure(status, pair, a, b, detail=""):
@@ -94,9 +98,15 @@ def evaluate(scalar_call, array_call, pair, in1, in2, names, codes, threads, rai
 
     scalar_call(a, b) -> (status, values, detail); array_call(a, b) -> (out, status)."""
     single = isinstance(names, str)
-    if _is_scalar(in1) and _is_scalar(in2):
+    if type(in1) in _NUMBERS and type(in2) in _NUMBERS:  # the common scalar call, without numpy
+        a = float(in1)
+        b = float(in2)
+    elif _is_scalar(in1) and _is_scalar(in2):
         a = float(_real(in1, 1))
         b = float(_real(in2, 2))
+    else:
+        a = b = None
+    if a is not None:
         status, values, detail = scalar_call(a, b)
         if status != 0:
             raise _failure(status, pair, a, b, detail)
