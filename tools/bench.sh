@@ -10,3 +10,8 @@ cmake --build "$root/build-bench" -j "$jobs"
 for b in "$root"/build-bench/bench/*_bench; do
   "$b" --benchmark_min_time=0.2 "$@"
 done
+# The Python package against its C++ baseline (batch_bench), when it was built.
+if [ -d "$root/build-bench/python/ondrel" ]; then
+  PYTHONPATH="$root/build-bench/python" /usr/bin/python3 -B "$root/bench/python_bench.py" \
+    "$root/build-bench/bench/batch_bench"
+fi
