@@ -7,6 +7,7 @@
 #include "api/mixture_search.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -188,6 +189,68 @@ private:
     char letter_;
     double p_;
     double log_p_;
+};
+
+// The cheap model along an isotherm: what depends on T alone formed once,
+// then any letter's quantity at any pressure with its derivative in ln p.
+class CheapIsotherm {
+public:
+    CheapIsotherm(const MixtureData& m, double t) : m_(m), t_(t) {
+        const double log_t = std::log(t);
+        for (const od::Component& comp : m.comps) {
+            if (comp.water_if || !(comp.conc > od::thermodyn::negligible)) continue;
+            const cm::Coefs& a = cm::coefs(comp.row, t);
+            h_ += comp.conc * cm::h_of(a, t);
+            s_ += comp.conc * cm::s_of(a, t, log_t);
+        }
+        const cm::Coefs& av = cm::coefs(m.rows.water.gas, t);
+        const cm::Coefs& al = cm::coefs(m.rows.water.liquid, t);
+        hv_ = cm::h_of(av, t);
+        hl_ = cm::h_of(al, t);
+        sv0_ = cm::s_of(av, t, log_t);
+        sl_ = cm::s_of(al, t, log_t);
+        vl_ = cm::mmol(m.rows.water.liquid) / condensate_density;
+        ps_ = t >= t_triple && t <= if97::critical_temperature ? if97::psat(t) * pa_per_mpa : no_value;
+    }
+
+    double temperature() const { return t_; }
+    // The letter's quantity (v, d, h, s or u) at pressure p (log_p = ln p), and its derivative in ln p.
+    Slope at(char letter, double p, double log_p) const {
+        const double y = m_.water, dry = m_.all_gas - y;
+        double nv = y, dnv = 0.0, pw = p * y / m_.all_gas, dlog_pw = 1.0;
+        if (finite(ps_) && y * p > ps_ && ps_ != p) {
+            nv = dry * ps_ / (p - ps_);
+            dnv = -dry * ps_ * p / ((p - ps_) * (p - ps_));
+            pw = ps_;
+            dlog_pw = 0.0;
+        }
+        const double nl = y - nv;
+        const double r = od::basefuncs::r_gas, mm = m_.molar_mass;
+        if (letter == 's') {
+            const double g = dry + nv;
+            const double sv = sv0_ - std::log(pw / od::basefuncs::p_ref);
+            const double total = s_ - m_.dry_gas * (log_p - log_p_ref) - m_.dry_mixing + m_.dry_gas * std::log(g) +
+                                 nv * sv + nl * sl_;
+            const double slope = -m_.dry_gas + m_.dry_gas * dnv / g + dnv * (sv - sl_) - nv * dlog_pw;
+            return {total * r / mm, slope * r / mm};
+        }
+        const double h = (h_ + nv * hv_ + nl * hl_) * r / mm;
+        const double dh = dnv * (hv_ - hl_) * r / mm;
+        if (letter == 'h') return {h, dh};
+        const double rt_p = r * t_ / p;
+        const double v = ((m_.dry_gas + nv) * rt_p + m_.dry_condensed_volume + nl * vl_) / mm;
+        const double dv = (dnv * rt_p - (m_.dry_gas + nv) * rt_p - dnv * vl_) / mm;
+        if (letter == 'v') return {v, dv};
+        if (letter == 'd') return {1.0 / v, -dv / (v * v)};
+        return {h - p * v, dh - p * v - p * dv};  // u = h - p v
+    }
+
+private:
+    static inline const double log_p_ref = std::log(od::basefuncs::p_ref);
+    const MixtureData& m_;
+    double t_;
+    double h_ = 0.0, s_ = 0.0;  // the components besides the water: h/R, s/R at p_ref
+    double hv_, hl_, sv0_, sl_, vl_, ps_;
 };
 
 
@@ -388,6 +451,247 @@ Root pressure_at(od::Context& c, const MixtureData& m, char letter, double targe
                                  od::search::Prefer::lowest);
 }
 
+namespace {
+
+// --- the condensing water: pressures and the pairs without p or T -----------
+
+inline constexpr double log_p_low = -6.907755278982137;  // ln(1e-3 Pa): the cheap model's search in ln p
+inline constexpr double log_p_high = 25.328436022934504;  // ln(1e11 Pa)
+inline constexpr double cheap_log_p_tolerance = 1e-10;
+inline constexpr int max_pressure_evaluations = 6;
+// Cheap-model residuals of the outer search larger than this share of
+// their scale have the model's sign: the cheap model's quantities differ
+// from the model's by well under a percent of it.
+inline constexpr double sample_margin = 0.05;
+// A cheap-model pressure this factor beyond the pressure search's ends leaves the model's beyond them too.
+inline constexpr double pressure_margin = 10.0;
+
+// The cheap model's ln p on the isotherm where the letter's quantity (v, d
+// or s) equals target, by Newton's method in ln p kept inside [1e-3 Pa,
+// 1e11 Pa]; NaN where it finds none there.
+double cheap_log_pressure(const MixtureData& m, const CheapIsotherm& iso, char letter, double target) {
+    // Start where the water would be all vapour: an ideal gas.
+    const double r = od::basefuncs::r_gas;
+    const double gas = m.dry_gas + m.water;
+    double x;
+    if (letter == 's') {
+        const double x_ref = std::log(od::basefuncs::p_ref);
+        x = x_ref + (iso.at(letter, od::basefuncs::p_ref, x_ref).q - target) * m.molar_mass / (gas * r);
+    } else {
+        const double v = letter == 'v' ? target : 1.0 / target;
+        x = std::log(gas * r * iso.temperature() / (v * m.molar_mass));
+    }
+    double lo = log_p_low, hi = log_p_high;
+    const bool rising = letter == 'd';  // v and s fall with pressure
+    if (!finite(x)) x = 0.5 * (lo + hi);
+    for (int k = 0; k < max_cheap_steps; ++k) {
+        x = std::clamp(x, lo, hi);
+        const Slope f = iso.at(letter, std::exp(x), x);
+        const double fx = f.q - target;
+        if (!finite(fx)) return no_value;
+        if (fx == 0.0) return x;
+        ((fx > 0.0) == rising ? hi : lo) = x;
+        double next = x - fx / f.dq;
+        if (!(next > lo && next < hi)) next = 0.5 * (lo + hi);
+        if (std::fabs(next - x) <= cheap_log_p_tolerance) return next;
+        if (!(hi - lo > cheap_log_p_tolerance)) return no_value;  // closed onto an end
+        x = next;
+    }
+    return no_value;
+}
+
+// The model's pressure at t where the letter's quantity (v, d or s) equals
+// target, for a mixture corrected_search_serves: from the cheap model's
+// pressure, secant steps on the model's residual in ln p, the first with
+// the cheap model's slope, until the residual is 1e-12 of its scale. Where
+// the cheap model puts the pressure outside the search's range, or the
+// steps do not settle inside it, the sampled search answers. *value
+// receives the quantity at the pressure found.
+Root fast_pressure(od::Context& c, const MixtureData& m, char letter, double target, double t, double* value) {
+    const double x_min = std::log(od::search::p_search_min), x_max = std::log(od::search::p_search_max);
+    const CheapIsotherm iso(m, t);
+    const double xc = cheap_log_pressure(m, iso, letter, target);
+    if (finite(xc) && xc > x_min && xc < x_max) {
+        const bool rising = letter == 'd';
+        const double scale = residual_scale(m, letter, target, t);
+        double lo = x_min, hi = x_max;
+        double x = xc, x_prev = no_value, r_prev = no_value;
+        double slope = iso.at(letter, std::exp(xc), xc).dq;
+        for (int k = 0; k < max_pressure_evaluations; ++k) {
+            const double p = std::exp(x);
+            const double q = quantity(c, m, letter, p, t);
+            const double r = q - target;
+            if (!finite(r)) break;
+            if (std::fabs(r) <= settle_tolerance * scale) {
+                *value = q;
+                return {p, Outcome::found, false};
+            }
+            ((r > 0.0) == rising ? hi : lo) = x;
+            if (finite(x_prev) && x != x_prev && r != r_prev) slope = (r - r_prev) / (x - x_prev);
+            x_prev = x;
+            r_prev = r;
+            const double next = x - r / slope;
+            if (!(next > lo && next < hi)) break;
+            x = next;
+        }
+    }
+    return pressure_at(c, m, letter, target, t, SearchMode::sampled);
+}
+
+// The grid of find_root: n points from lo to hi, evenly in ln T.
+double grid_point(double lo, double hi, int k, int n) {
+    if (k == 0) return lo;
+    if (k == n - 1) return hi;
+    const double s = static_cast<double>(k) / (n - 1);
+    return std::exp(std::log(lo) + s * (std::log(hi) - std::log(lo)));
+}
+
+// The cheap model's residual of the outer search at t: its quantity `outer`
+// at the pressure where its quantity `inner` matches; NaN where none does.
+double cheap_nested_residual(const MixtureData& m, char inner, char outer, double inner_target, double outer_target,
+                             double t) {
+    const CheapIsotherm iso(m, t);
+    const double x = cheap_log_pressure(m, iso, inner, inner_target);
+    return finite(x) ? iso.at(outer, std::exp(x), x).q - outer_target : no_value;
+}
+
+inline constexpr int max_cheap_secants = 40;
+inline constexpr double cheap_t_tolerance = 1e-7;  // relative, of the cheap model's root in the bracket
+inline constexpr double cheap_t_step = 1e-6;       // relative step of the cheap residual's slope
+
+// The root in the bracket [a, b] of the outer search's residual (its
+// model's value: `residual`): the cheap model's root of it by the Illinois
+// method, then secant steps on the model's residual from there, the first
+// with the cheap model's slope, inside the bracket, until the residual is
+// 1e-12 of its scale. NaN where that does not happen (the caller then
+// closes the bracket by Brent's method).
+template <class Residual>
+double close_nested(const MixtureData& m, char inner, char outer, double inner_target,
+                    double outer_target, double a, double b, Residual&& residual) {
+    const auto cheap = [&](double t) {
+        return cheap_nested_residual(m, inner, outer, inner_target, outer_target, t);
+    };
+    double ta = a, tb = b, ga = cheap(a), gb = cheap(b);
+    if (!finite(ga) || !finite(gb) || (ga < 0.0) == (gb < 0.0)) return no_value;
+    int side = 0;
+    double t = no_value;
+    for (int k = 0; k < max_cheap_secants; ++k) {
+        t = (ta * gb - tb * ga) / (gb - ga);
+        const double g = cheap(t);
+        if (!finite(g)) return no_value;
+        if (std::fabs(tb - ta) <= cheap_t_tolerance * t || g == 0.0) break;
+        if ((g < 0.0) == (gb < 0.0)) {
+            tb = t;
+            gb = g;
+            if (side == -1) ga *= 0.5;
+            side = -1;
+        } else {
+            ta = t;
+            ga = g;
+            if (side == 1) gb *= 0.5;
+            side = 1;
+        }
+    }
+    if (!finite(t)) return no_value;
+    const double dt = cheap_t_step * t;
+    double slope = (cheap(t + dt) - cheap(t)) / dt;
+    double lo = a, hi = b;
+    const bool rising_in_t = slope > 0.0;
+    double t_prev = no_value, r_prev = no_value;
+    for (int k = 0; k < max_evaluations; ++k) {
+        const double r = residual(t);
+        if (!finite(r)) return no_value;
+        if (std::fabs(r) <= settle_tolerance * residual_scale(m, outer, outer_target, t)) return t;
+        ((r > 0.0) == rising_in_t ? hi : lo) = t;
+        if (finite(t_prev) && t != t_prev && r != r_prev) slope = (r - r_prev) / (t - t_prev);
+        t_prev = t;
+        r_prev = r;
+        const double next = t - r / slope;
+        if (!(next > lo && next < hi)) return no_value;
+        t = next;
+    }
+    return no_value;
+}
+
+// The pairs without pressure or temperature for a mixture
+// corrected_search_serves, on the sampled search's grid and with its rule
+// (the highest bracket of a sign change gives the root, a second one makes
+// it not unique): a sample's residual is taken from the cheap model where
+// that is far from zero (and its pressure far inside or outside the
+// pressure search's range), from the model elsewhere; each bracket is
+// closed on the model by Brent's method, its pressures found by
+// fast_pressure.
+Search nested_fast(od::Context& c, const MixtureData& m, char inner, char outer, double inner_target,
+                   double outer_target, bool first_inner) {
+    double inner_value = no_value;
+    const auto residual = [&](double t) {
+        const Root p = fast_pressure(c, m, inner, inner_target, t, &inner_value);
+        if (p.outcome != Outcome::found) return no_value;
+        return quantity(c, m, outer, p.x, t) - outer_target;
+    };
+    const auto sample = [&](double t) {
+        const CheapIsotherm iso(m, t);
+        const double x = cheap_log_pressure(m, iso, inner, inner_target);
+        const double x_min = std::log(od::search::p_search_min), x_max = std::log(od::search::p_search_max);
+        const double margin = std::log(pressure_margin);
+        if (finite(x) && (x < x_min - margin || x > x_max + margin)) return no_value;
+        if (finite(x) && x > x_min + margin && x < x_max - margin) {
+            const double g = iso.at(outer, std::exp(x), x).q - outer_target;
+            if (std::fabs(g) > sample_margin * residual_scale(m, outer, outer_target, t)) return g;
+        }
+        return residual(t);
+    };
+    const std::vector<double> pieces = temperature_pieces(m);
+    Search out;
+    Root best;
+    std::array<double, od::search::max_samples> ts{}, fs{};
+    for (std::size_t piece = pieces.size() - 1; piece > 0 && !best.not_unique; --piece) {
+        const double lo = pieces[piece - 1];
+        const double hi = piece + 1 < pieces.size() ? std::nextafter(pieces[piece], lo) : pieces[piece];
+        if (!(lo < hi)) continue;
+        const int n = nested_samples;
+        for (int k = 0; k < n; ++k) {
+            ts[static_cast<std::size_t>(k)] = grid_point(lo, hi, k, n);
+            fs[static_cast<std::size_t>(k)] = sample(ts[static_cast<std::size_t>(k)]);
+        }
+        for (int j = 1; j < n; ++j) {
+            const auto i = static_cast<std::size_t>(n - j);
+            const double fa = fs[i - 1], fb = fs[i];
+            if (std::isnan(fa) || std::isnan(fb) || (fa < 0.0) == (fb < 0.0)) continue;
+            if (best.outcome == Outcome::found) {
+                best.not_unique = true;
+                break;
+            }
+            double a = ts[i - 1], b = ts[i];
+            const double quick = close_nested(m, inner, outer, inner_target, outer_target, a, b, residual);
+            if (finite(quick)) {
+                best = {quick, Outcome::found, false};
+                continue;
+            }
+            int ierr = 0;
+            const double x = od::solver::brent([&](double u, double, const od::Mixture&) { return residual(u); }, 1,
+                                               0.0, 0.0, a, b, od::search::x_tolerance * std::fabs(b),
+                                               od::Mixture{}, ierr);
+            if (ierr == od::solver::err_not_converged) {
+                out.status = Status::not_converged;
+                return out;
+            }
+            if (ierr != 0) continue;
+            best = {x, Outcome::found, false};
+        }
+    }
+    out.status = outcome_status(best);
+    if (out.status != Status::ok) return out;
+    inner_value = no_value;  // set again only where the pressure below is found by the secant steps
+    const Root p = fast_pressure(c, m, inner, inner_target, best.x, &inner_value);
+    out.state = {p.x, best.x, best.not_unique || p.not_unique};
+    out.status = outcome_status(p);
+    if (out.status == Status::ok) out.at_state[first_inner ? 0 : 1] = inner_value;
+    return out;
+}
+
+}  // namespace
+
 Search search_state(od::Context& c, const MixtureData& m, std::string_view spec, double a, double b,
                     SearchMode mode) {
     Search out;
@@ -417,6 +721,8 @@ Search search_state(od::Context& c, const MixtureData& m, std::string_view spec,
     const char outer = first_inner ? second : first;
     const double inner_target = first_inner ? a : b;
     const double outer_target = first_inner ? b : a;
+    if (mode == SearchMode::fast && corrected_search_serves(m))
+        return nested_fast(c, m, inner, outer, inner_target, outer_target, first_inner);
     const auto residual = [&](double t) {
         const Root p = pressure_at(c, m, inner, inner_target, t, mode);
         if (p.outcome != Outcome::found) return no_value;
