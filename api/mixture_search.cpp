@@ -1,9 +1,13 @@
 // The search of a mixture state from an input pair. A temperature alone is
 // found with Newton's method where the mixture has no condensing water, and
 // with condensing water by a search that solves a cheap model of the mixture
-// corrected by the model's own values (corrected_search below); where that
-// does not settle, and for the pairs it does not serve, the searches sample
-// their interval for sign changes of the residual and close each bracket.
+// corrected by the model's own values (corrected_search below). The pairs
+// without pressure or temperature sample an outer search in temperature
+// whose every step solves the pressure; with condensing water the samples
+// far from a root take the cheap model's signs (nested_fast). Where the
+// quick searches do not settle, and for what they do not serve, the searches
+// sample their interval for sign changes of the residual and close each
+// bracket with Brent's method.
 #include "api/mixture_search.hpp"
 
 #include <algorithm>
