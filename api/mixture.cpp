@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "api/mixture_data.hpp"
+#include "api/mixture_search.hpp"
 #include "ondrel/od_properties.hpp"
 #include "solver/od_pair_search.hpp"
 #include "solver/od_solver.hpp"
@@ -28,16 +29,16 @@ namespace {
 namespace td = od::thermodyn::core;
 namespace dv = od::derivative;
 namespace tr = od::transport::core;
+using detail::pressure_at;
+using detail::quantity;
+using detail::saturation_pressure;
+using detail::t_triple;
 using od::units::bar_to_pa;
 using od::units::celsius_offset;
 using od::units::j_to_kj;
 using od::units::pa_to_bar;
 
 inline constexpr double fraction_sum_tolerance = 1e-6;  // |sum of mole fractions - 1| allowed
-inline constexpr double residual_tolerance = 1e-9;      // relative residual of a solved state
-// Scale of an energy residual per unit of R T / M, and of an entropy residual per unit of R / M:
-// a heat capacity of four gas constants keeps the test meaningful where h or s pass through zero.
-inline constexpr double residual_floor = 4.0;
 
 using TableResult = Result<std::shared_ptr<const GasTable>>;
 
@@ -86,73 +87,6 @@ od::h2o::WaterRows water_rows(const od::fluiddata::Table& t) {
 
 bool finite(double x) { return std::isfinite(x); }
 
-// The value of a letter's quantity at (p, T), SI units.
-double quantity(od::Context& c, const detail::MixtureData& m, char letter, double p, double t) {
-    switch (letter) {
-    case 'P': return p;
-    case 'T': return t;
-    case 'v': return td::v_pt(c, p, t, m.rows);
-    case 'd': return 1.0 / td::v_pt(c, p, t, m.rows);
-    case 'h': return td::h_pt(c, p, t, m.rows);
-    case 's': return td::s_pt(c, p, t, m.rows);
-    default: return td::u_pt(c, p, t, m.rows);
-    }
-}
-
-// The scale a residual of the letter's quantity is measured against.
-double residual_scale(const detail::MixtureData& m, char letter, double target, double t) {
-    switch (letter) {
-    case 'h': case 'u': return std::fabs(target) + residual_floor * m.r_specific * t;
-    case 's': return std::fabs(target) + residual_floor * m.r_specific;
-    default: return std::fabs(target);
-    }
-}
-
-bool reproduces(od::Context& c, const detail::MixtureData& m, char letter, double target, double p, double t) {
-    if (letter == 'P' || letter == 'T') return true;  // taken as given
-    const double got = quantity(c, m, letter, p, t);
-    return std::fabs(got - target) <= residual_tolerance * residual_scale(m, letter, target, t);
-}
-
-// T at pressure p where h, s or u (letter) equals target, by Newton's method
-// kept inside a shrinking bracket in the data range, for a mixture without
-// condensing water (each of h, s, u then rises with T). Returns NaN when it
-// does not settle, and the caller then takes the sampled search; a target
-// outside the range ends at an end of it, which the check then refuses.
-inline constexpr double newton_start = 1000.0;       // K
-inline constexpr double newton_step_tolerance = 2e-15;  // relative step that ends the iteration
-inline constexpr int newton_max_iterations = 60;
-
-double newton_t(const detail::MixtureData& m, char letter, double p, double target) {
-    double lo = m.t_min;
-    double hi = m.t_max;
-    double t = std::clamp(newton_start, lo, hi);
-    const double r_m = od::basefuncs::r_gas / m.molar_mass;
-    const double log_p = std::log(p / od::basefuncs::p_ref);
-    for (int k = 0; k < newton_max_iterations; ++k) {
-        const bool entropy = letter == 's';
-        const td::GasSums g = td::gas_sums(m.rows, t, entropy ? std::log(t) : 0.0, {!entropy, entropy, true});
-        double f, df;
-        if (letter == 'h') {
-            f = g.h * r_m;
-            df = g.cp * r_m;
-        } else if (letter == 's') {
-            f = (g.s - m.gas_moles * log_p - m.mixing) * r_m;
-            df = g.cp * r_m / t;
-        } else {
-            f = (g.h - m.gas_moles * t) * r_m - p * m.condensed_volume / m.molar_mass;  // u = h - p v
-            df = (g.cp - m.gas_moles) * r_m;
-        }
-        const double r = f - target;
-        if (r == 0.0) return t;
-        (r > 0.0 ? hi : lo) = t;
-        double next = t - r / df;
-        if (!(next > lo && next < hi)) next = 0.5 * (lo + hi);
-        if (std::fabs(next - t) <= newton_step_tolerance * t) return next;
-        t = next;
-    }
-    return std::nan("");
-}
 
 Status check_state(const Mixture& mix, const State& st) {
     if (!mix.valid()) return Status::invalid_argument;
@@ -192,119 +126,6 @@ bool caloric(Property prop) {
            prop == Property::u || prop == Property::cv || prop == Property::cp;
 }
 
-// --- the search of a state from an input pair -------------------------------
-
-// Samples per temperature piece of the outer search of the pairs that give
-// neither pressure nor temperature (its residual need not run one way).
-inline constexpr int nested_samples = 24;
-// Samples of a pressure search with condensing water: three per decade from 1 Pa to 1e8 Pa.
-inline constexpr int pressure_samples = 25;
-
-struct Search {
-    State state;
-    Status status = Status::ok;
-};
-
-Status outcome_status(const od::search::Root& r) {
-    switch (r.outcome) {
-    case od::search::Outcome::found: return Status::ok;
-    case od::search::Outcome::not_converged: return Status::not_converged;
-    default: return Status::no_solution;
-    }
-}
-
-// The pressure at temperature t where the quantity `letter` (v, d, h, s or
-// u) equals target. Without condensing water v, d and s fix it in closed
-// form, and h and u do not depend on it.
-od::search::Root pressure_at(od::Context& c, const detail::MixtureData& m, char letter, double target, double t) {
-    if (!m.condensing) {
-        const double r = od::basefuncs::r_gas;
-        double p = std::nan("");
-        if (letter == 'v' || letter == 'd') {
-            const double v = letter == 'v' ? target : 1.0 / target;
-            p = m.gas_moles * r * t / (v * m.molar_mass - m.condensed_volume);
-        } else if (letter == 's') {
-            const td::GasSums g = td::gas_sums(m.rows, t, std::log(t), {false, true, false});
-            p = od::basefuncs::p_ref * std::exp((g.s - m.mixing - target * m.molar_mass / r) / m.gas_moles);
-        }
-        if (finite(p) && p > 0.0) return {p, od::search::Outcome::found, false};
-        return {};
-    }
-    // Volume, density and entropy fall with pressure; the condensate's
-    // enthalpy rises with it where the vapour's does not, so h and u need not
-    // run one way and are sampled.
-    const auto f = [&](double p) { return quantity(c, m, letter, p, t) - target; };
-    const int n = letter == 'h' || letter == 'u' ? pressure_samples : 2;
-    return od::search::find_root(f, od::search::p_search_min, od::search::p_search_max, true, n,
-                                 od::search::Prefer::lowest);
-}
-
-// The temperature intervals on which the state functions are continuous: the
-// condensing water's terms jump at the triple point, where its condensate
-// turns from ice-like to liquid.
-inline constexpr double t_triple = 273.16;  // K
-
-std::vector<double> temperature_pieces(const detail::MixtureData& m) {
-    if (m.condensing && m.t_min < t_triple && t_triple < m.t_max) return {m.t_min, t_triple, m.t_max};
-    return {m.t_min, m.t_max};
-}
-
-// The temperature at pressure p where the quantity `letter` equals target.
-od::search::Root temperature_at(od::Context& c, const detail::MixtureData& m, char letter, double target, double p) {
-    if (!m.condensing && (letter == 'h' || letter == 's' || letter == 'u')) {
-        const double t = newton_t(m, letter, p, target);
-        if (finite(t)) return {t, od::search::Outcome::found, false};
-    }
-    const auto f = [&](double t) { return quantity(c, m, letter, p, t) - target; };
-    // Every quantity runs one way with temperature on each piece.
-    return od::search::find_root_in_pieces(f, temperature_pieces(m), false, 2);
-}
-
-// The state of the pair spec with values a, b (SI units).
-Search search_state(od::Context& c, const detail::MixtureData& m, std::string_view spec, double a, double b) {
-    Search out;
-    State& st = out.state;
-    const char first = spec[0], second = spec[1];
-    if (first == 'P' && second == 'T') return {{a, b}, Status::ok};
-    if (first == 'T' && second == 'P') return {{b, a}, Status::ok};
-    if (first == 'P') {
-        const od::search::Root r = temperature_at(c, m, second, b, a);
-        st = {a, r.x, r.not_unique};
-        out.status = outcome_status(r);
-        return out;
-    }
-    if (first == 'T') {
-        // Without condensing water an ideal gas's h and u do not fix the pressure.
-        if (!m.condensing && (second == 'h' || second == 'u')) return {{0.0, a}, Status::pressure_undetermined};
-        const od::search::Root r = pressure_at(c, m, second, b, a);
-        st = {r.x, a, r.not_unique};
-        out.status = outcome_status(r);
-        return out;
-    }
-    // Neither pressure nor temperature: at each temperature the pressure that
-    // matches the volume, density or entropy, then the temperature at which
-    // the other quantity matches too.
-    const bool first_inner = first == 'v' || first == 'd' || first == 's';
-    const char inner = first_inner ? first : second;
-    const char outer = first_inner ? second : first;
-    const double inner_target = first_inner ? a : b;
-    const double outer_target = first_inner ? b : a;
-    bool inner_not_unique = false;
-    const auto residual = [&](double t) {
-        const od::search::Root p = pressure_at(c, m, inner, inner_target, t);
-        if (p.outcome != od::search::Outcome::found) return std::nan("");
-        inner_not_unique = inner_not_unique || p.not_unique;
-        return quantity(c, m, outer, p.x, t) - outer_target;
-    };
-    // Sampled evenly in ln T: closer where condensation shapes the residual.
-    const od::search::Root t = od::search::find_root_in_pieces(residual, temperature_pieces(m), true, nested_samples);
-    out.status = outcome_status(t);
-    if (out.status != Status::ok) return out;
-    const od::search::Root p = pressure_at(c, m, inner, inner_target, t.x);
-    st = {p.x, t.x, t.not_unique || p.not_unique};
-    out.status = outcome_status(p);
-    return out;
-}
 
 // --- the properties beyond the sixteen ------------------------------------------
 
@@ -314,14 +135,6 @@ inline constexpr double derivative_step = 1e-3;   // K, step of the numerical de
 inline constexpr double t_dew_max = 647.0;        // K, upper end of the dew-point search, below the critical point
 
 const double no_value = std::numeric_limits<double>::quiet_NaN();
-
-// Saturation pressure of the condensing water as the model forms it (IF97
-// above the triple point, the sublimation line below), Pa; NaN above the
-// critical temperature.
-double saturation_pressure(od::Context& c, double t) {
-    const double ps = od::h2o::core::h2o(c.water, 'T', t, 'X', 0.5, "P.");
-    return od::basefuncs::isinit(ps) ? no_value : ps;
-}
 
 double gas_moles(od::Context& c, const detail::MixtureData& m, double p, double t) {
     return m.all_gas > 0.0 ? td::x_gas(c, p, t, m.rows) : 0.0;
@@ -556,6 +369,14 @@ Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<c
         }
     for (const od::Component& c : d->comps) {
         if (!(c.conc > od::thermodyn::negligible)) continue;
+        if (c.water_if) {
+            ++d->water_entries;
+        } else if (c.phase == 'G') {
+            d->dry_gas += c.conc;
+            d->dry_mixing += c.conc * std::log(c.conc);
+        } else {
+            d->dry_condensed_volume += c.conc * od::basefuncs::v_sl(c.name, c.row);
+        }
         if (c.phase == 'G') {
             d->gas_moles += c.conc;
             d->mixing += c.conc * std::log(c.conc / all_gas);
@@ -631,20 +452,20 @@ std::string describe_failure(Status status, const Mixture& mix, std::string_view
     return buf;
 }
 
-Result<State> solve_state(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2);
-
 }  // namespace
 
 Result<State> solve(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2, std::string* detail) {
-    const Result<State> r = solve_state(ctx, mix, pair, in1, in2);
+    const Result<State> r = detail::solve_state(ctx, mix, pair, in1, in2, detail::SearchMode::fast);
     if (!r && detail && mix.valid() && static_cast<std::size_t>(pair) < od::ondrel::pair_names.size())
         *detail = describe_failure(r.status, mix, od::ondrel::pair_names[static_cast<std::size_t>(pair)], in1, in2);
     return r;
 }
 
-namespace {
-
-Result<State> solve_state(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2) {
+// The state is checked against both inputs: the quantities the search
+// evaluated at exactly the state are taken as they are (they are what
+// quantity() gives there), the others evaluated.
+Result<State> detail::solve_state(Context& ctx, const Mixture& mix, Pair pair, double in1, double in2,
+                                  SearchMode mode) {
     if (!mix.valid()) return {{}, Status::invalid_argument};
     const auto index = static_cast<std::size_t>(pair);
     if (index >= od::ondrel::pair_names.size()) return {{}, Status::unknown_pair};
@@ -657,17 +478,20 @@ Result<State> solve_state(Context& ctx, const Mixture& mix, Pair pair, double in
     }
     const detail::MixtureData& m = mix.data();
     od::Context& c = ctx.core();
-    const Search found = search_state(c, m, spec, in[0], in[1]);
+    const Search found = search_state(c, m, spec, in[0], in[1], mode);
     if (found.status != Status::ok) return {found.state, found.status};
     const State& st = found.state;
     if (!finite(st.p) || !finite(st.T) || !(st.p > 0.0) || !(st.T > 0.0)) return {st, Status::no_solution};
     if (st.T < m.t_min || st.T > m.t_max) return {st, Status::outside_data_range};
-    for (int k = 0; k < 2; ++k)
-        if (!reproduces(c, m, spec[static_cast<std::size_t>(k)], in[k], st.p, st.T)) return {st, Status::no_solution};
+    for (std::size_t k = 0; k < 2; ++k) {
+        const char letter = spec[k];
+        if (letter == 'P' || letter == 'T') continue;  // taken as given
+        const double got = finite(found.at_state[k]) ? found.at_state[k] : quantity(c, m, letter, st.p, st.T);
+        if (!(std::fabs(got - in[k]) <= residual_tolerance * residual_scale(m, letter, in[k], st.T)))
+            return {st, Status::no_solution};
+    }
     return {st, Status::ok};
 }
-
-}  // namespace
 
 Result<double> property(Context& ctx, const Mixture& mix, const State& state, Property prop) {
     const Status s = check_state(mix, state);

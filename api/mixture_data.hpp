@@ -36,6 +36,13 @@ struct MixtureData {
     od::transport::core::WilkeFactors wilke;  // pair terms of the mixing rules
     double all_gas = 0.0;                     // moles of gas-phase components per mole of mixture
     double water = 0.0;                       // moles of "H2O(IF)" per mole of mixture (its first entry)
+    int water_entries = 0;                    // entries of "H2O(IF)" above the negligible concentration
+    // The components besides "H2O(IF)" above the negligible concentration:
+    // their gas-phase moles, the sum of c ln c over those, and the molar
+    // volume of the condensed ones, m3/mol.
+    double dry_gas = 0.0;
+    double dry_mixing = 0.0;
+    double dry_condensed_volume = 0.0;
 };
 
 }  // namespace detail

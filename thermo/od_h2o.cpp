@@ -181,6 +181,20 @@ double direct_value(char code1, double value1, char code2, double value2, std::s
         const if97::ValueResult r = if97::property_pt(q, p, value2);
         return r.error == if97::Error::none ? r.value : missing_value;
     }
+    // A saturated phase below the corner of regions 1 and 3: its one
+    // property from region 1 or 2 at (p, tsat(p)), the bits state_px gives,
+    // without evaluating the other phase and every property of both.
+    if ((value2 == 0.0 || value2 == 1.0) && p >= if97::psat_min() && p <= if97::critical_pressure) {
+        const double t = if97::tsat(p);
+        if (t <= if97::t_region13) {
+            if97::GibbsProperty q = if97::GibbsProperty::h;
+            if (property == q_s.prop) q = if97::GibbsProperty::s;
+            else if (property == q_cp.prop) q = if97::GibbsProperty::cp;
+            else if (property == q_v.prop) q = if97::GibbsProperty::v;
+            else if (property != q_h.prop) return missing_value;
+            return value2 == 0.0 ? if97::region1_single(q, p, t) : if97::region2_single(q, p, t);
+        }
+    }
     const if97::StateResult r = if97::state_px(p, value2);
     if (r.error != if97::Error::none) return missing_value;
     const if97::Properties& pr = r.state.props;

@@ -162,7 +162,8 @@ struct AllProperties {
 // The state given by an input pair (values in SI units, in the pair's letter
 // order), searched inside the mixture's data range [t_min, t_max] (pressures
 // from 1 Pa to 1e8 Pa): a temperature alone with Newton's method (without
-// condensing water) or by sampling the range and closing each bracket; the
+// condensing water; with it, from a cheap model of the mixture corrected by
+// the model's values) or by sampling the range and closing each bracket; the
 // pairs that give neither pressure nor temperature as one problem, both
 // inputs at once. The state is checked: it reproduces both inputs within a
 // relative 1e-9 of a scale of the input's kind, or the answer is
