@@ -88,20 +88,18 @@ def main():
           + " ".join(f"{x:.2f}" for x in os.getloadavg()))
 
     index = np.arange(n)
-    timed("direct, threads=1", n, lambda: temperatures(index, n, h_lo, h_hi, threads=1))
+    one_thread = timed("direct, threads=1", n, lambda: temperatures(index, n, h_lo, h_hi, threads=1))
     direct = timed(f"direct, threads=0 ({os.cpu_count()} cores)", n,
                    lambda: temperatures(index, n, h_lo, h_hi, threads=0))
-    del index
 
+    cluster = None
     if args.scheduler:
-        client = Client(args.scheduler)
         where = f"scheduler {args.scheduler}"
     else:
         cluster = LocalCluster(n_workers=args.workers, threads_per_worker=1, processes=True,
                                dashboard_address=None)
-        client = Client(cluster)
         where = f"local cluster, {args.workers} processes x 1 thread"
-    with client:
+    with Client(args.scheduler or cluster) as client:
         workers = len(client.scheduler_info()["workers"])
         # The workers get this file as a module of their own and import it:
         # a task then names its function by module and name, and each worker
@@ -114,14 +112,19 @@ def main():
         grid = da.arange(n, chunks=args.chunk)
         result = grid.map_blocks(module.temperatures, n, h_lo, h_hi, threads=1, dtype=np.float64)
         by_dask = timed(f"dask, {where} ({workers} workers)", n, result.compute)
+    if cluster is not None:
+        cluster.close()
     failed = int(np.count_nonzero(np.isnan(direct)))
     if failed:
         print(f"{failed} states failed (NaN) in the direct call")
+    if not np.array_equal(one_thread, direct, equal_nan=True):
+        print("the direct call's result differs between threads=1 and threads=0")
+        return 1
     if not np.array_equal(by_dask, direct, equal_nan=True):
         differ = int(np.count_nonzero(~((by_dask == direct) | (np.isnan(by_dask) & np.isnan(direct)))))
         print(f"dask's result differs from the direct call at {differ} states")
         return 1
-    print("dask's result equals the direct call bit for bit")
+    print("dask's result equals the direct call's (threads=1 and threads=0) bit for bit")
     return 0
 
 
