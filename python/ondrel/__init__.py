@@ -101,6 +101,10 @@ class Mixture:
         """Whether the mixture holds condensing water, "H2O(IF)"."""
         return self._mix.condensing
 
+    def __reduce__(self):
+        # Pickled as its composition (for multiprocessing and dask workers), made again where it lands.
+        return (Mixture, (self.composition,))
+
     def __repr__(self):
         parts = ", ".join(f"{n!r}: {x!r}" for n, x in zip(self._mix.names, self._mix.fractions))
         return f"ondrel.Mixture({{{parts}}})"

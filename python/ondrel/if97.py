@@ -39,8 +39,9 @@ PROPERTIES = tuple(_ondrel.water_properties)
 _STATE_PROPERTIES = ("P", "T", "v", "d", "h", "s", "u", "x", "region")
 
 
-def props(pair, in1, in2, names, *, threads=0, raise_on_error=False):
-    """Properties at the states given by an input pair (see the module's text)."""
+def props(pair, in1, in2, names=_STATE_PROPERTIES, *, threads=0, raise_on_error=False):
+    """Properties at the states given by an input pair (see the module's text);
+    names defaults to those defined at every state: P, T, v, d, h, s, u, x, region."""
     code = _pair_code(pair, PAIRS, "IF97")
     codes = _codes(names, PROPERTIES, "IF97")
 
@@ -63,7 +64,7 @@ def state(*, props=None, threads=0, raise_on_error=False, **inputs):
     return globals()["props"](pair, a, b, names, threads=threads, raise_on_error=raise_on_error)
 
 
-def surface_tension(T, *, raise_on_error=None):
+def surface_tension(T, *, raise_on_error=False):
     """Surface tension of water on the saturation line (IAPWS 2014), N/m,
     from 273.15 K to the critical 647.096 K. A scalar outside that range
     raises OndrelError; an array gives NaN there (or raises with

@@ -1,6 +1,7 @@
 """The mixture model from Python: the same bits as the C interface, numpy's
 broadcasting and dtype rules, and every fault named."""
 
+import pickle
 import threading
 import warnings
 
@@ -153,6 +154,11 @@ class TestFaults:
         assert mix.composition == {"N2": 0.79, "O2": 0.21}
         assert not mix.condensing and 0.0288 < mix.molar_mass < 0.0290 and mix.t_min < 300 < mix.t_max
         assert "N2" in repr(mix)
+
+    def test_pickles_as_its_composition(self, wet):
+        again = pickle.loads(pickle.dumps(wet))
+        assert again.composition == wet.composition
+        assert same_bits(again.props("PT", 1.0e5, [280.0, 400.0], "h"), wet.props("PT", 1.0e5, [280.0, 400.0], "h"))
 
     def test_unknown_pair_and_property(self, dry):
         with pytest.raises(ondrel.OndrelError, match="known: PT") as e:
