@@ -35,8 +35,10 @@ Status evaluate(const Mixture& mix, Pair pair, std::span<const double> in1, std:
     const std::size_t n = in1.size();
     if (in2.size() != n || status.size() != n || out.size() != n * props.size()) return Status::invalid_argument;
     if (!mix.valid()) return Status::invalid_argument;
-    if (threads == 0) threads = std::max(1u, std::thread::hardware_concurrency());
-    const std::size_t blocks = std::clamp<std::size_t>(n / min_points_per_thread, 1, threads);
+    // The core count is asked only where a second thread could be used: the
+    // question costs microseconds (the C library reads it from /sys).
+    if (threads == 0 && n / min_points_per_thread >= 2) threads = std::max(1u, std::thread::hardware_concurrency());
+    const std::size_t blocks = std::clamp<std::size_t>(n / min_points_per_thread, 1, std::max(1u, threads));
     if (blocks == 1) {
         evaluate_block(mix, pair, in1, in2, props, out, status, 0, n);
         return Status::ok;

@@ -41,14 +41,24 @@ std::span<const double> view(const Array& a) {
     return {a.data(), static_cast<std::size_t>(a.shape(0))};
 }
 
-// Runs work(begin, end, block) over [0, n) in contiguous blocks, one thread
-// a block (threads = 0: all cores). Blocks are numbered in order, so that
-// what each collects can be joined in the order of a plain loop.
-template <class Work>
-void for_blocks(std::size_t n, unsigned threads, Work&& work) {
-    constexpr std::size_t min_points_per_thread = 256;
+// Fewer points than this per thread are not worth a thread of their own.
+constexpr std::size_t min_points_per_thread = 256;
+
+// The number of blocks an array of n points is split into (threads = 0: all
+// cores). The core count is asked only where a second block could be used:
+// the question costs microseconds (the C library reads it from /sys).
+std::size_t block_count(std::size_t n, unsigned threads) {
+    const std::size_t most = n / min_points_per_thread;
+    if (most < 2) return 1;
     if (threads == 0) threads = std::max(1u, std::thread::hardware_concurrency());
-    const std::size_t blocks = std::clamp<std::size_t>(n / min_points_per_thread, 1, threads);
+    return std::min<std::size_t>(most, threads);
+}
+
+// Runs work(begin, end, block) over [0, n) in block_count(n, threads)
+// contiguous blocks, one thread a block. Blocks are numbered in order, so
+// that what each collects can be joined in the order of a plain loop.
+template <class Work>
+void for_blocks(std::size_t n, std::size_t blocks, Work&& work) {
     const std::size_t step = (n + blocks - 1) / blocks;
     std::vector<std::thread> pool;
     for (std::size_t b = 1; b < blocks; ++b) {
@@ -247,7 +257,7 @@ std::pair<Array, StatusArray> if97_array(int pair, const Array& a, const Array& 
     std::int8_t* st = status.mutable_data();
     {
         py::gil_scoped_release release;
-        for_blocks(n, threads, [&](std::size_t begin, std::size_t end, std::size_t) {
+        for_blocks(n, block_count(n, threads), [&](std::size_t begin, std::size_t end, std::size_t) {
             for (std::size_t i = begin; i < end; ++i)
                 st[i] = static_cast<std::int8_t>(if97_point(from, in1[i], in2[i], props, o + i * k));
         });
@@ -380,9 +390,9 @@ std::tuple<Array, StatusArray, Messages> ifc67_array(int pair, const Array& a, c
     Messages messages;
     {
         py::gil_scoped_release release;
-        if (threads == 0) threads = std::max(1u, std::thread::hardware_concurrency());
-        std::vector<Messages> per_block(std::max(1u, threads));
-        for_blocks(n, threads, [&](std::size_t begin, std::size_t end, std::size_t block) {
+        const std::size_t blocks = block_count(n, threads);
+        std::vector<Messages> per_block(blocks);
+        for_blocks(n, blocks, [&](std::size_t begin, std::size_t end, std::size_t block) {
             ondrel::ifc67::Context ctx;
             for (std::size_t i = begin; i < end; ++i) {
                 st[i] = static_cast<std::int8_t>(ifc67_point(ctx, from, in1[i], in2[i], props, o + i * k));

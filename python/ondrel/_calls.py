@@ -111,7 +111,9 @@ def evaluate(scalar_call, array_call, pair, in1, in2, names, codes, threads, rai
         if status != 0:
             raise _failure(status, pair, a, b, detail)
         return values[0] if single else dict(zip(_names(names), values))
-    a, b = np.broadcast_arrays(_real(in1, 1), _real(in2, 2))
+    a, b = _real(in1, 1), _real(in2, 2)
+    if a.shape != b.shape:
+        a, b = np.broadcast_arrays(a, b)
     shape = a.shape
     flat1 = np.ascontiguousarray(a, dtype=np.float64).reshape(-1)
     flat2 = np.ascontiguousarray(b, dtype=np.float64).reshape(-1)
