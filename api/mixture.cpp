@@ -39,6 +39,7 @@ using od::units::j_to_kj;
 using od::units::pa_to_bar;
 
 inline constexpr double fraction_sum_tolerance = 1e-6;  // |sum of mole fractions - 1| allowed
+inline constexpr int start_grid_points = 256;       // temperatures of a mixture's Newton start grid
 
 using TableResult = Result<std::shared_ptr<const GasTable>>;
 
@@ -382,6 +383,18 @@ Result<Mixture> Mixture::make(std::shared_ptr<const GasTable> table, std::span<c
             d->mixing += c.conc * std::log(c.conc / all_gas);
         } else {
             d->condensed_volume += c.conc * od::basefuncs::v_sl(c.name, c.row);
+        }
+    }
+    if (!d->condensing) {
+        auto& g = d->start;
+        g.t0 = d->t_min;
+        g.dt = (d->t_max - d->t_min) / (start_grid_points - 1);
+        for (int k = 0; k < start_grid_points; ++k) {
+            const double t = k == start_grid_points - 1 ? d->t_max : g.t0 + k * g.dt;
+            const auto sums = td::gas_sums(d->rows, t, std::log(t), {true, true, false});
+            g.h.push_back(sums.h);
+            g.s.push_back(sums.s);
+            g.u.push_back(sums.h - d->gas_moles * t);
         }
     }
     d->table = std::move(table);

@@ -43,6 +43,15 @@ struct MixtureData {
     double dry_gas = 0.0;
     double dry_mixing = 0.0;
     double dry_condensed_volume = 0.0;
+    // Without condensing water: the gas-table sums on an even grid of
+    // temperatures over [t_min, t_max], where the temperature searches of
+    // h, s and u start Newton's method (each sum rises with temperature).
+    struct StartGrid {
+        double t0 = 0.0, dt = 0.0;
+        std::vector<double> h;  // the enthalpy sum h/R
+        std::vector<double> s;  // the entropy sum s/R at the reference pressure
+        std::vector<double> u;  // h/R - gas_moles * T: the internal energy sum without the condensed p v
+    } start;
 };
 
 }  // namespace detail

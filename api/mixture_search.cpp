@@ -68,15 +68,41 @@ namespace {
 // does not settle, and the caller then takes the sampled search; a target
 // outside the range ends at an end of it, which the check then refuses.
 inline constexpr double newton_start = 1000.0;       // K
-inline constexpr double newton_step_tolerance = 2e-15;  // relative step that ends the iteration
+inline constexpr double newton_step_tolerance = 1e-11;  // relative step that ends the iteration
 inline constexpr int newton_max_iterations = 60;
 
 double newton_t(const MixtureData& m, char letter, double p, double target) {
+    const double r_m = od::basefuncs::r_gas / m.molar_mass;
+    const double log_p = std::log(p / od::basefuncs::p_ref);
+    // The target as the gas-table sum the grid holds.
+    const auto& grid = m.start;
+    const std::vector<double>* sums = &grid.h;
+    double want = target / r_m;
+    if (letter == 's') {
+        sums = &grid.s;
+        want += m.gas_moles * log_p + m.mixing;
+    } else if (letter == 'u') {
+        sums = &grid.u;
+        want += p * m.condensed_volume / m.molar_mass / r_m;
+    }
+    // Start: the grid interval holding the target, interpolated linearly
+    // (within a few hundredths of a kelvin); outside the grid, its end.
     double lo = m.t_min;
     double hi = m.t_max;
     double t = std::clamp(newton_start, lo, hi);
-    const double r_m = od::basefuncs::r_gas / m.molar_mass;
-    const double log_p = std::log(p / od::basefuncs::p_ref);
+    if (!sums->empty()) {
+        const auto above = std::upper_bound(sums->begin(), sums->end(), want);
+        if (above == sums->begin()) {
+            t = lo;
+        } else if (above == sums->end()) {
+            t = hi;
+        } else {
+            const auto k = static_cast<std::size_t>(above - sums->begin());
+            const double a = (*sums)[k - 1], b = (*sums)[k];
+            t = grid.t0 + (static_cast<double>(k - 1) + (want - a) / (b - a)) * grid.dt;
+            t = std::clamp(t, lo, hi);
+        }
+    }
     for (int k = 0; k < newton_max_iterations; ++k) {
         const bool entropy = letter == 's';
         const td::GasSums g = td::gas_sums(m.rows, t, entropy ? std::log(t) : 0.0, {!entropy, entropy, true});
@@ -96,6 +122,10 @@ double newton_t(const MixtureData& m, char letter, double p, double target) {
         (r > 0.0 ? hi : lo) = t;
         double next = t - r / df;
         if (!(next > lo && next < hi)) next = 0.5 * (lo + hi);
+        // Newton's error after a step of relative size e is of the order of
+        // e squared (times T cp'/cp, well below one): a step of 1e-11 leaves
+        // the next iterate exact to the rounding of the sums, and where cp
+        // has a kink (the polynomials' common temperature) within 1e-13.
         if (std::fabs(next - t) <= newton_step_tolerance * t) return next;
         t = next;
     }

@@ -229,3 +229,43 @@ TEST(CorrectedSearch, SettlesInAFewEvaluationsOverTheUpperPiece) {
 }
 
 }  // namespace
+
+namespace {
+
+// Newton's method from the mixture's start grid, without condensing water:
+// every temperature of the data range comes back from its h, s and u at
+// several pressures, to the conditioning of the sums (their terms cancel to
+// a few parts in 1e12 of the temperature), for a gas and for a gas
+// laden with a condensed species (whose p v enters u); grid nodes, points
+// between them, both sides of the polynomials' common temperature and both ends.
+TEST(NewtonSearch, ReturnsEveryTemperatureOfTheDataRangeFromItsGrid) {
+    const ondrel::Mixture gas = make({{"N2", 0.71}, {"CO2", 0.13}, {"H2O", 0.12}, {"O2", 0.035}, {"AR", 0.005}});
+    const ondrel::Mixture ash = make({{"N2", 0.7}, {"CO2", 0.15}, {"H2O", 0.1}, {"AL2O3(S)", 0.05}});
+    ondrel::Context ctx;
+    for (const ondrel::Mixture* mix : {&gas, &ash}) {
+        const auto& grid = mix->data().start;
+        ASSERT_EQ(grid.h.size(), 256u);
+        std::vector<double> temps = {mix->t_min(), mix->t_max(), 999.5, 1000.5};
+        for (int k = 0; k < 255; k += 7) {
+            temps.push_back(grid.t0 + k * grid.dt);
+            temps.push_back(grid.t0 + (k + 0.37) * grid.dt);
+        }
+        for (double p : {1.0e3, 1.0e5, 3.0e7}) {
+            for (double t : temps) {
+                t = std::clamp(t, mix->t_min(), mix->t_max());
+                const auto a = ondrel::properties(ctx, *mix, {p, t});
+                ASSERT_TRUE(a);
+                for (const Pair pair : {Pair::Ph, Pair::Ps, Pair::Pu}) {
+                    const char l = std::string(ondrel::name(pair))[1];
+                    const auto st = ondrel::solve(ctx, *mix, pair, p, letter_value(a.value, l));
+                    ASSERT_TRUE(st) << ondrel::name(pair) << " at " << p << " Pa, " << t << " K: "
+                                    << ondrel::message(st.status);
+                    EXPECT_TRUE(close(st.value.T, t, 1e-10))
+                        << ondrel::name(pair) << " at " << p << " Pa: " << st.value.T << " for " << t << " K";
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
