@@ -41,6 +41,22 @@ std::span<const double> view(const Array& a) {
     return {a.data(), static_cast<std::size_t>(a.shape(0))};
 }
 
+// The inputs and results of an array call of n points and k properties:
+// the inputs as views, the results as the arrays handed back to Python.
+struct ArrayCall {
+    std::span<const double> in1, in2;
+    std::size_t n, k;
+    Array out;
+    StatusArray status;
+    ArrayCall(const Array& a, const Array& b, std::size_t props)
+        : in1(view(a)), in2(view(b)), n(in1.size()), k(props), out({n, k}),
+          status(static_cast<py::ssize_t>(n)) {
+        if (in1.size() != in2.size()) throw py::value_error("input arrays differ in length");
+    }
+    double* row(std::size_t i) { return out.mutable_data() + i * k; }
+    std::int8_t* statuses() { return status.mutable_data(); }
+};
+
 // Fewer points than this per thread are not worth a thread of their own.
 constexpr std::size_t min_points_per_thread = 256;
 
@@ -135,23 +151,18 @@ std::tuple<int, std::vector<double>, std::string, bool> mixture_scalar(PyMixture
 // Arrays: (n x k values, n statuses), through the library's batch call.
 std::pair<Array, StatusArray> mixture_array(const PyMixture& m, int pair, const Array& a, const Array& b,
                                             const std::vector<int>& codes, unsigned threads) {
-    const auto in1 = view(a);
-    const auto in2 = view(b);
-    if (in1.size() != in2.size()) throw py::value_error("input arrays differ in length");
     const auto props = mixture_props(codes);
     const auto p = mixture_pair(pair);
-    const std::size_t n = in1.size();
-    Array out({n, props.size()});
-    StatusArray status(static_cast<py::ssize_t>(n));
-    std::span<double> o(out.mutable_data(), n * props.size());
-    std::int8_t* st = status.mutable_data();
+    ArrayCall call(a, b, props.size());
+    std::span<double> o(call.row(0), call.n * call.k);
+    std::int8_t* st = call.statuses();
     {
         py::gil_scoped_release release;
-        std::vector<ondrel::Status> s(n);
-        ondrel::evaluate(m.mix, p, in1, in2, props, o, s, threads);
-        for (std::size_t i = 0; i < n; ++i) st[i] = static_cast<std::int8_t>(s[i]);
+        std::vector<ondrel::Status> s(call.n);
+        ondrel::evaluate(m.mix, p, call.in1, call.in2, props, o, s, threads);
+        for (std::size_t i = 0; i < call.n; ++i) st[i] = static_cast<std::int8_t>(s[i]);
     }
-    return {std::move(out), std::move(status)};
+    return {std::move(call.out), std::move(call.status)};
 }
 
 // ---------------------------------------------------------------------------
@@ -244,25 +255,18 @@ std::tuple<int, std::vector<double>> if97_scalar(int pair, double a, double b, c
 
 std::pair<Array, StatusArray> if97_array(int pair, const Array& a, const Array& b, const std::vector<int>& codes,
                                          unsigned threads) {
-    const auto in1 = view(a);
-    const auto in2 = view(b);
-    if (in1.size() != in2.size()) throw py::value_error("input arrays differ in length");
     const auto props = water_props(codes);
     const auto from = if97_pair(pair);
-    const std::size_t n = in1.size();
-    const std::size_t k = props.size();
-    Array out({n, k});
-    StatusArray status(static_cast<py::ssize_t>(n));
-    double* o = out.mutable_data();
-    std::int8_t* st = status.mutable_data();
+    ArrayCall call(a, b, props.size());
+    std::int8_t* st = call.statuses();
     {
         py::gil_scoped_release release;
-        for_blocks(n, block_count(n, threads), [&](std::size_t begin, std::size_t end, std::size_t) {
+        for_blocks(call.n, block_count(call.n, threads), [&](std::size_t begin, std::size_t end, std::size_t) {
             for (std::size_t i = begin; i < end; ++i)
-                st[i] = static_cast<std::int8_t>(if97_point(from, in1[i], in2[i], props, o + i * k));
+                st[i] = static_cast<std::int8_t>(if97_point(from, call.in1[i], call.in2[i], props, call.row(i)));
         });
     }
-    return {std::move(out), std::move(status)};
+    return {std::move(call.out), std::move(call.status)};
 }
 
 // Surface tension over an array of temperatures.
@@ -376,33 +380,26 @@ std::tuple<int, std::vector<double>, Messages> ifc67_scalar(int pair, double a, 
 
 std::tuple<Array, StatusArray, Messages> ifc67_array(int pair, const Array& a, const Array& b,
                                                      const std::vector<int>& codes, unsigned threads) {
-    const auto in1 = view(a);
-    const auto in2 = view(b);
-    if (in1.size() != in2.size()) throw py::value_error("input arrays differ in length");
     const auto props = ifc67_props(codes);
     const auto from = ifc67_pair(pair);
-    const std::size_t n = in1.size();
-    const std::size_t k = props.size();
-    Array out({n, k});
-    StatusArray status(static_cast<py::ssize_t>(n));
-    double* o = out.mutable_data();
-    std::int8_t* st = status.mutable_data();
+    ArrayCall call(a, b, props.size());
+    std::int8_t* st = call.statuses();
     Messages messages;
     {
         py::gil_scoped_release release;
-        const std::size_t blocks = block_count(n, threads);
+        const std::size_t blocks = block_count(call.n, threads);
         std::vector<Messages> per_block(blocks);
-        for_blocks(n, blocks, [&](std::size_t begin, std::size_t end, std::size_t block) {
+        for_blocks(call.n, blocks, [&](std::size_t begin, std::size_t end, std::size_t block) {
             ondrel::ifc67::Context ctx;
             for (std::size_t i = begin; i < end; ++i) {
-                st[i] = static_cast<std::int8_t>(ifc67_point(ctx, from, in1[i], in2[i], props, o + i * k));
+                st[i] = static_cast<std::int8_t>(ifc67_point(ctx, from, call.in1[i], call.in2[i], props, call.row(i)));
                 if (!ctx.messages().empty()) take_messages(ctx, per_block[block]);
             }
         });
         for (auto& b : per_block)
             for (auto& m : b) messages.push_back(std::move(m));
     }
-    return {std::move(out), std::move(status), std::move(messages)};
+    return {std::move(call.out), std::move(call.status), std::move(messages)};
 }
 
 }  // namespace

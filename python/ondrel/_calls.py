@@ -139,3 +139,20 @@ def _names(names):
 def warn_not_unique(pair, a, b, which):
     warnings.warn(NotUniqueWarning(f"several states reproduce {pair} = ({a!r}, {b!r}); {which} was returned"),
                   stacklevel=5)
+
+
+def typed_calls(namespace, props, pairs, defaults, what):
+    """Adds to a module's namespace one function a pair, from_pT, from_ph, ...:
+    props(pair, in1, in2, names) under the name of its inputs."""
+    def typed(pair):
+        def call(in1, in2, names=defaults, *, threads=0, raise_on_error=False):
+            return props(pair, in1, in2, names, threads=threads, raise_on_error=raise_on_error)
+        a, b = pair
+        call.__name__ = call.__qualname__ = f"from_{a.lower() if a == 'P' else a}{b}"
+        call.__doc__ = (f"Properties at the states of given {a} and {b} ({what}): props({pair!r}, ...). "
+                        f"names defaults to {', '.join(defaults)}.")
+        return call
+
+    for pair in pairs:
+        f = typed(pair)
+        namespace[f.__name__] = f

@@ -30,7 +30,7 @@ The library keeps no state between IF97 calls, so any thread may call it.
 import numpy as np
 
 from . import _ondrel
-from ._calls import OndrelError, _codes, _is_scalar, _pair_code, _pair_of, _real, evaluate, message
+from ._calls import OndrelError, _codes, _is_scalar, _pair_code, _pair_of, _real, evaluate, message, typed_calls
 
 PAIRS = tuple(_ondrel.if97_pairs)
 PROPERTIES = tuple(_ondrel.water_properties)
@@ -82,17 +82,4 @@ def surface_tension(T, *, raise_on_error=False):
     return values.reshape(t.shape)
 
 
-def _typed(pair):
-    def call(in1, in2, names=_STATE_PROPERTIES, *, threads=0, raise_on_error=False):
-        return props(pair, in1, in2, names, threads=threads, raise_on_error=raise_on_error)
-    a, b = pair
-    call.__name__ = call.__qualname__ = f"from_{a.lower() if a == 'P' else a}{b}"
-    call.__doc__ = (f"Properties at the states of given {a} and {b} (IF97): props({pair!r}, ...). "
-                    f"names defaults to {', '.join(_STATE_PROPERTIES)}.")
-    return call
-
-
-for _pair in PAIRS:
-    _f = _typed(_pair)
-    globals()[_f.__name__] = _f
-del _pair, _f
+typed_calls(globals(), props, PAIRS, _STATE_PROPERTIES, "IF97")

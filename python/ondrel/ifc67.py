@@ -29,7 +29,7 @@ Faults and arrays otherwise as for ondrel.Mixture.props.
 import warnings
 
 from . import _ondrel
-from ._calls import _codes, _pair_code, evaluate
+from ._calls import _codes, _pair_code, evaluate, typed_calls
 
 PAIRS = tuple(_ondrel.ifc67_pairs)
 PROPERTIES = tuple(_ondrel.ifc67_properties)
@@ -77,17 +77,4 @@ def props(pair, in1, in2, names=_DEFAULT_PROPERTIES, *, threads=0, raise_on_erro
     return evaluate(scalar, array, pair, in1, in2, names, codes, threads, raise_on_error)
 
 
-def _typed(pair):
-    def call(in1, in2, names=_DEFAULT_PROPERTIES, *, threads=0, raise_on_error=False):
-        return props(pair, in1, in2, names, threads=threads, raise_on_error=raise_on_error)
-    a, b = pair
-    call.__name__ = call.__qualname__ = f"from_{a.lower() if a == 'P' else a}{b}"
-    call.__doc__ = (f"Properties at the states of given {a} and {b} (IFC-67): props({pair!r}, ...). "
-                    f"names defaults to {', '.join(_DEFAULT_PROPERTIES)}.")
-    return call
-
-
-for _pair in PAIRS:
-    _f = _typed(_pair)
-    globals()[_f.__name__] = _f
-del _pair, _f
+typed_calls(globals(), props, PAIRS, _DEFAULT_PROPERTIES, "IFC-67")
